@@ -1,0 +1,54 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#ifndef NVR_TEST_PTYPAIR_H
+#define NVR_TEST_PTYPAIR_H
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+/**
+ * A pair of connected pseudo-terminals made by socat: what is written to one
+ * end can be read from the other, as over a null-modem cable. portA() is
+ * meant for the code under test; the test plays the device on the other end
+ * with the peer functions (a raw, non-blocking descriptor on portB()).
+ * stop() ends socat, so that both ends lose their peer.
+ */
+class PtyPair
+{
+public:
+    PtyPair();
+    ~PtyPair();
+    PtyPair(const PtyPair &) = delete;
+    PtyPair &operator=(const PtyPair &) = delete;
+
+    /// Starts socat and waits until both ends exist; false (with a reason in error()) otherwise.
+    bool start(int timeoutMs = 5000);
+    void stop();
+    bool isRunning() const;
+    QString error() const { return m_error; }
+
+    /// The two ends as links in a temporary folder.
+    QString portA() const;
+    QString portB() const;
+    /// The pseudo-terminal device behind an end ("/dev/pts/N").
+    QString deviceA() const;
+    QString deviceB() const;
+
+    bool openPeer();
+    void closePeer();
+    bool peerWrite(const QByteArray &bytes);
+    /// Reads what arrives at the peer until count bytes came or timeoutMs passed.
+    QByteArray peerRead(int count, int timeoutMs = 2000);
+    /// Reads whatever arrives within timeoutMs.
+    QByteArray peerReadAll(int timeoutMs = 200);
+
+private:
+    QTemporaryDir m_dir;
+    QProcess m_socat;
+    QString m_error;
+    int m_peer = -1;
+};
+
+#endif
