@@ -11,7 +11,7 @@
 namespace Nevra {
 
 /// The kind of a field in the product's memory map; the values are fixed.
-enum FieldTypes {
+enum FieldTypes : int {
     NoField = 0,     ///< no field, or not a valid address
     EepromField = 1, ///< memory byte or EEPROM block
     DcpLevelField = 2,
