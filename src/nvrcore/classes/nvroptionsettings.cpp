@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "nvroptionsettings.h"
+
+#include "kvcore.h"
+
+#include <QCoreApplication>
+
+NvrOptionSettings::NvrOptionSettings() : QSettings(filePath(), QSettings::IniFormat)
+{
+}
+
+NvrOptionSettings::~NvrOptionSettings() = default;
+
+QString NvrOptionSettings::filePath()
+{
+    return KvCore::applicationDirPath() + QLatin1Char('/') + QCoreApplication::organizationName()
+           + QStringLiteral("/NevraOptions.ini");
+}
