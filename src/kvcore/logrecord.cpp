@@ -6,10 +6,13 @@ QString LogRecord::sourcePath(const char *file)
 {
     QString path = QString::fromUtf8(file ? file : "");
     path.replace(QLatin1Char('\\'), QLatin1Char('/'));
-    const int src = path.lastIndexOf(QLatin1String("/src/"));
-    if (src >= 0)
-        path = path.mid(src + 1);
-    else if (!path.startsWith(QLatin1String("src/")))
+    // Keep the path from the project's top folder on: src/, apps/, tests/ or bench/.
+    int root = -1;
+    for (const char *top : {"/src/", "/apps/", "/tests/", "/bench/"})
+        root = qMax(root, int(path.lastIndexOf(QLatin1String(top))));
+    if (root >= 0)
+        path = path.mid(root + 1);
+    else
         path = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
     const int dot = path.lastIndexOf(QLatin1Char('.'));
     if (dot > path.lastIndexOf(QLatin1Char('/')))

@@ -72,7 +72,7 @@ void tst_KvCore::logRecordsWhereItWasWritten()
     QCOMPARE(records[0].level, LogRecord::Info);
     QCOMPARE(records[0].message, QStringLiteral("[COM3] Closed."));
     QCOMPARE(records[0].line, line);
-    QCOMPARE(records[0].file, QStringLiteral("tst_kvcore"));
+    QCOMPARE(records[0].file, QStringLiteral("tests/auto/kvcore/tst_kvcore"));
     QCOMPARE(records[0].function, QStringLiteral("void tst_KvCore::logRecordsWhereItWasWritten()"));
     QCOMPARE(records[1].level, LogRecord::Error);
     QCOMPARE(records[1].message, QStringLiteral("value 42"));
@@ -80,6 +80,8 @@ void tst_KvCore::logRecordsWhereItWasWritten()
 
     QCOMPARE(LogRecord::sourcePath("/home/x/src/nvrcore/classes/serialport.cpp"),
              QStringLiteral("src/nvrcore/classes/serialport"));
+    QCOMPARE(LogRecord::sourcePath("/x/src/proj/apps/nevra/main.cpp"), QStringLiteral("apps/nevra/main"));
+    QCOMPARE(LogRecord::sourcePath("main.cpp"), QStringLiteral("main"));
     QCOMPARE(LogRecord::sourcePath("C:\\b\\src\\kvcore\\kvhex.cpp"), QStringLiteral("src/kvcore/kvhex"));
 }
 
@@ -101,7 +103,7 @@ void tst_KvCore::fileAppenderAppendsLines()
     QCOMPARE(lines.size(), 3); // two records and the empty rest after the last line end
     QVERIFY(lines[0].contains("[Info   ]"));
     QVERIFY(lines[0].endsWith(" first"));
-    QVERIFY(lines[1].contains("tst_kvcore:"));
+    QVERIFY(lines[1].contains("tests/auto/kvcore/tst_kvcore:"));
     QVERIFY(lines[1].endsWith(" second"));
 }
 

@@ -1,0 +1,99 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "mainwindow.h"
+
+#include "classes/nvroptions.h"
+#include "kvsettings.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QTabWidget>
+
+namespace {
+QString portText(int number)
+{
+    return number > 0 ? QStringLiteral("COM%1").arg(number) : MainWindow::tr("none");
+}
+}
+
+MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
+    : QMainWindow(parent), m_options(options), m_pages(new QTabWidget(this)), m_portStatus(new QLabel(this))
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(tr("Nevra"));
+    setWindowIcon(QIcon(QStringLiteral(":/images/nevra")));
+    m_pages->setObjectName(QStringLiteral("pages"));
+    m_pages->setDocumentMode(true);
+    setCentralWidget(m_pages);
+
+    auto *welcome = new QLabel(tr("<h2>Nevra</h2>"
+                                  "<p>Configure audio control panels and intercoms.</p>"
+                                  "<p>Choose the serial ports of the link to the product with "
+                                  "<b>Tools &gt; Options</b>.</p>"),
+                               m_pages);
+    welcome->setObjectName(QStringLiteral("welcomePage"));
+    welcome->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    welcome->setMargin(16);
+    welcome->setWordWrap(true);
+    m_pages->addTab(welcome, tr("Start"));
+
+    m_portStatus->setObjectName(QStringLiteral("portStatus"));
+    statusBar()->addPermanentWidget(m_portStatus);
+    connect(m_options, &NvrOptions::comPortNumberChanged, this, &MainWindow::updatePortStatus);
+    connect(m_options, &NvrOptions::comPort2NumberChanged, this, &MainWindow::updatePortStatus);
+    updatePortStatus();
+    createMenus();
+
+    KvSettings settings;
+    resize(900, 600);
+    restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry")).toByteArray());
+    m_pages->setCurrentIndex(settings.value(QStringLiteral("mainwindow/page"), 0).toInt());
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::createMenus()
+{
+    QMenu *file = menuBar()->addMenu(tr("&File"));
+    QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
+    quit->setShortcut(QKeySequence::Quit);
+
+    QMenu *tools = menuBar()->addMenu(tr("&Tools"));
+    QAction *options = tools->addAction(tr("&Options..."), this, &MainWindow::editOptions);
+    options->setObjectName(QStringLiteral("actionOptions"));
+    options->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+
+    QMenu *help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About Nevra"), this, &MainWindow::about);
+}
+
+void MainWindow::updatePortStatus()
+{
+    m_portStatus->setText(tr("Configuration port: %1   Control port: %2")
+                              .arg(portText(m_options->comPortNumber()), portText(m_options->comPort2Number())));
+}
+
+void MainWindow::editOptions()
+{
+    m_options->editOptions();
+}
+
+void MainWindow::about()
+{
+    QMessageBox::about(this, tr("About Nevra"),
+                       tr("<b>Nevra</b> %1<p>Configuration of audio control panels and intercoms.</p>")
+                           .arg(QApplication::applicationVersion()));
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    KvSettings settings;
+    settings.setValue(QStringLiteral("mainwindow/geometry"), saveGeometry());
+    settings.setValue(QStringLiteral("mainwindow/page"), m_pages->currentIndex());
+    event->accept();
+}

@@ -1,0 +1,40 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#ifndef NEVRA_MAINWINDOW_H
+#define NEVRA_MAINWINDOW_H
+
+#include <QMainWindow>
+
+class NvrOptions;
+class QLabel;
+class QTabWidget;
+
+/**
+ * The host's one window: a page per tool in a tab widget, the options
+ * dialog in the Tools menu, and a status line showing the configured ports.
+ * Geometry and the last page are kept in the application's settings.
+ */
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(NvrOptions *options, QWidget *parent = nullptr);
+    ~MainWindow() override;
+
+    QTabWidget *pages() const { return m_pages; }
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void createMenus();
+    void updatePortStatus();
+    void editOptions();
+    void about();
+
+    NvrOptions *m_options;
+    QTabWidget *m_pages;
+    QLabel *m_portStatus;
+};
+
+#endif
