@@ -40,7 +40,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     welcome->setMargin(16);
     welcome->setWordWrap(true);
-    m_pages->addTab(welcome, tr("Start"));
+    addPage(welcome, tr("Start"));
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
@@ -56,6 +56,11 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
 }
 
 MainWindow::~MainWindow() = default;
+
+void MainWindow::addPage(QWidget *page, const QString &title)
+{
+    m_pages->addTab(page, title);
+}
 
 void MainWindow::createMenus()
 {

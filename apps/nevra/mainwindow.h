@@ -22,6 +22,8 @@ public:
     ~MainWindow() override;
 
     QTabWidget *pages() const { return m_pages; }
+    /// Adds a page as a tab; the page's objectName identifies it in tests.
+    void addPage(QWidget *page, const QString &title);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
