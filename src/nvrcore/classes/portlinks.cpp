@@ -17,7 +17,7 @@ QString PortLinks::linkDirectory()
 
 QString PortLinks::resolve(const QString &name)
 {
-    static const QRegularExpression comName(QStringLiteral("^(?:\\\\\\.\\\\)?(COM\\d+)$"));
+    static const QRegularExpression comName(QStringLiteral("^(?:\\\\\\\\\\.\\\\)?(COM\\d+)$"));
     const QRegularExpressionMatch match = comName.match(name);
     if (!match.hasMatch())
         return name;

@@ -13,7 +13,14 @@
 
 namespace {
 const QString devicePrefix = QStringLiteral("\\\\.\\");
+
+// GCC writes a type of the function's own class unqualified ("const Mode&");
+// open's records name the mode parameter the way callers write it.
+const char openSignature[] =
+    "virtual bool SerialPort::open(const QString&, int, int, int, int, const SerialPort::Mode&)";
 }
+
+#define LOG_OPEN(level) CuteMessageLogger(cuteLoggerInstance(), level, __FILE__, __LINE__, openSignature).write
 
 SerialPort::SerialPort(QObject *parent) : QObject(parent), m_timer(new QTimer(this))
 {
@@ -30,9 +37,9 @@ bool SerialPort::open(const QString &name, int baudRate, int parity, int dataBit
                       const SerialPort::Mode &mode)
 {
     m_mode = mode;
-    LOG_TRACE(QStringLiteral("[%1] Opening --> Baud=%2 Parity=%3 Data=%4 Stop=%5...")
-                  .arg(name, this->baudRate(baudRate), this->parity(parity), this->dataBits(dataBits),
-                       this->stopBits(stopBits)));
+    LOG_OPEN(Logger::Trace)(QStringLiteral("[%1] Opening --> Baud=%2 Parity=%3 Data=%4 Stop=%5...")
+                                .arg(name, this->baudRate(baudRate), this->parity(parity), this->dataBits(dataBits),
+                                     this->stopBits(stopBits)));
     if (m_port)
         close();
 
@@ -47,13 +54,14 @@ bool SerialPort::open(const QString &name, int baudRate, int parity, int dataBit
 
     bool result = false;
     if (m_port->isOpen()) {
-        LOG_INFO(QStringLiteral("[%1] Opened --> Baud=%2 Parity=%3 Data=%4 Stop=%5.")
-                     .arg(portName(), this->baudRate(), this->parity(), this->dataBits(), this->stopBits()));
+        LOG_OPEN(Logger::Info)(QStringLiteral("[%1] Opened --> Baud=%2 Parity=%3 Data=%4 Stop=%5.")
+                                   .arg(portName(), this->baudRate(), this->parity(), this->dataBits(),
+                                        this->stopBits()));
         Q_EMIT opened(portName());
         result = true;
     } else {
         const QString message = QStringLiteral("[%1] Failed to open port.").arg(portName());
-        LOG_ERROR(message);
+        LOG_OPEN(Logger::Error)(message);
         Q_EMIT error(message);
     }
     // Wired after a failed open as well, deliberately.
@@ -73,7 +81,9 @@ void SerialPort::close()
         LOG_INFO(QStringLiteral("[%1] Closed.").arg(portName()));
         Q_EMIT closed(portName());
     }
-    delete m_port;
+    // Deferred: close() may run from a handler of the port's own readyRead or
+    // bytesWritten, and the port still touches itself after that signal returns.
+    m_port->deleteLater();
     m_port = nullptr;
 }
 
@@ -141,10 +151,8 @@ int SerialPort::writeBuffer(const QByteArray &data, const int &responseTimeoutMs
             return size - remaining;
         if (traceEnabled)
             LOG_TRACE(QStringLiteral("[%1] %2 bytes sent, %3 of %4 bytes.")
-                          .arg(portName())
-                          .arg(written)
-                          .arg(size - remaining)
-                          .arg(size));
+                          .arg(portName(), QString::number(written), QString::number(size - remaining),
+                               QString::number(size)));
     }
 }
 
@@ -155,7 +163,10 @@ int SerialPort::writeString(const QString &text, const int &responseTimeoutMs)
 
 QByteArray SerialPort::readBuffer(const int &count, const unsigned long &intervalMs, const unsigned long &timeoutMs)
 {
-    const unsigned long tries = timeoutMs / intervalMs;
+    // Without a port, or with no interval to divide by, there is nothing to poll.
+    if (!m_port)
+        return QByteArray();
+    const unsigned long tries = intervalMs == 0 ? 0 : timeoutMs / intervalMs;
     for (unsigned long i = 0; i < tries; ++i) {
         if (!m_port->waitForReadyRead(5))
             continue;

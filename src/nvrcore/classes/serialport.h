@@ -58,8 +58,10 @@ public:
     int writeString(const QString &text, const int &responseTimeoutMs);
     /**
      * Polls timeoutMs / intervalMs times for count bytes (a stop threshold,
-     * not a length) and returns whatever has arrived. Needs a port: call it
-     * only after open().
+     * not a length) and returns whatever has arrived. Sleeps intervalMs only
+     * after a poll that brought data; otherwise each poll waits 5 ms. Returns
+     * at once, with what the port holds, when the time-out is below the
+     * interval; an empty array with no port or a zero interval.
      */
     QByteArray readBuffer(const int &count, const unsigned long &intervalMs, const unsigned long &timeoutMs);
     static void sleep(const unsigned long &ms);
