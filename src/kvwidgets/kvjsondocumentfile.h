@@ -29,6 +29,9 @@ class KvJsonDocumentFilePrivate;
  * lets go, or to cancel. A lock left by a process that no longer runs is
  * taken over.
  *
+ * Whoever changes the content marks it with setModified(); saving, opening
+ * and emptying the document clear the mark.
+ *
  * Reading failures (missing, empty or unparsable files) are logged; they
  * reach the user only where a caller asks for it. The hooks then receive an
  * empty document.
