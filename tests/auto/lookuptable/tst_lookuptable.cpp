@@ -1,0 +1,137 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "classes/lookuptable.h"
+#include "logcapture.h"
+#include "testappdir.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+
+class tst_LookUpTable : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { TestAppDir::prepare(); }
+    void cleanupTestCase() { TestAppDir::cleanup(); }
+    void readDataAndAssign();
+    void badFiles_data();
+    void badFiles();
+    void displayValueIndex_data();
+    void displayValueIndex();
+
+private:
+    QString write(const QByteArray &ini);
+    QTemporaryDir m_dir;
+};
+
+QString tst_LookUpTable::write(const QByteArray &ini)
+{
+    const QString path = m_dir.filePath(QStringLiteral("levels.ini"));
+    QFile file(path);
+    if (file.open(QFile::WriteOnly | QFile::Truncate))
+        file.write(ini);
+    return path;
+}
+
+void tst_LookUpTable::readDataAndAssign()
+{
+    LookUpTable table(write("[other]\ncount=1\n0=9,09\n"
+                            "[volume]\ncount=5\n0=Off,00\n1=-3.5, 0A\n2=10,1FF\n3=High,zz\n4=20,0x14,extra\ndefault=Mid\n"),
+                      QStringLiteral("volume"));
+    table.readData();
+    table.readData(); // again: replaces, never adds
+    QCOMPARE(table.displayValues(), QStringList({"Off", "-3.5", "10", "High", "20"}));
+    // Only the low 8 bits of a code count; a code that is not hex reads as 0.
+    QCOMPARE(table.values(), QByteArray::fromHex("000AFF0014"));
+    QCOMPARE(table.defaultValue(), QStringLiteral("Mid"));
+
+    // Assignment takes the entries and the default, but the target keeps its own file and group.
+    const QString missing = m_dir.filePath(QStringLiteral("missing.ini"));
+    LookUpTable target(missing, QStringLiteral("b"));
+    target = table;
+    QCOMPARE(target.displayValues(), table.displayValues());
+    QCOMPARE(target.values(), table.values());
+    QCOMPARE(target.defaultValue(), QStringLiteral("Mid"));
+    QCOMPARE(target.fileName(), missing);
+    QCOMPARE(target.group(), QStringLiteral("b"));
+
+    // Its own file is missing: the entries go, the default stays, and the log says why.
+    LogCapture log;
+    target.readData();
+    QVERIFY(target.displayValues().isEmpty() && target.values().isEmpty());
+    QCOMPARE(target.defaultValue(), QStringLiteral("Mid"));
+    QCOMPARE(log.messages(LogRecord::Error), QStringList(missing + QStringLiteral(" does not exist.")));
+}
+
+void tst_LookUpTable::badFiles_data()
+{
+    QTest::addColumn<QByteArray>("ini");
+    QTest::addColumn<QStringList>("displayValues");
+    QTest::addColumn<QByteArray>("values");
+    QTest::addColumn<QString>("logged");
+
+    const QString skipped = QStringLiteral("%1 [volume] %2: an entry needs a display text and a code; skipped.");
+    QTest::newRow("no count") << QByteArray("[volume]\n0=1,01\n") << QStringList() << QByteArray() << QString();
+    QTest::newRow("count not a number") << QByteArray("[volume]\ncount=two\n0=1,01\n") << QStringList() << QByteArray()
+                                        << QString();
+    QTest::newRow("one-item entry") << QByteArray("[volume]\ncount=3\n0=1,01\n1=5\n2=9,09\n") << QStringList({"1", "9"})
+                                    << QByteArray::fromHex("0109") << skipped.arg("%1", "1");
+    QTest::newRow("missing key") << QByteArray("[volume]\ncount=2\n1=9,09\n") << QStringList({"9"})
+                                 << QByteArray::fromHex("09") << skipped.arg("%1", "0");
+    QTest::newRow("not an ini file") << QByteArray("\x00\x01\xff garbage ===\n", 16) << QStringList() << QByteArray()
+                                     << QString();
+}
+
+void tst_LookUpTable::badFiles()
+{
+    QFETCH(QByteArray, ini);
+    QFETCH(QStringList, displayValues);
+    QFETCH(QByteArray, values);
+    QFETCH(QString, logged);
+
+    const QString path = write(ini);
+    LogCapture log;
+    LookUpTable table(path, QStringLiteral("volume"));
+    table.readData();
+    QCOMPARE(table.displayValues(), displayValues);
+    QCOMPARE(table.values(), values);
+    QCOMPARE(table.defaultValue(), QString());
+    QCOMPARE(log.messages(LogRecord::Error), logged.isEmpty() ? QStringList() : QStringList(logged.arg(path)));
+}
+
+void tst_LookUpTable::displayValueIndex_data()
+{
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("index");
+
+    const QStringList steps = {"0", "5", "10"};
+    QTest::newRow("exact") << steps << 5.0 << 1;
+    QTest::newRow("nearer below") << steps << 7.0 << 1;
+    QTest::newRow("tie goes to the lower entry") << steps << 7.5 << 1;
+    QTest::newRow("nearer above") << steps << 8.0 << 2;
+    QTest::newRow("beyond the table") << steps << 12.0 << 2;
+    QTest::newRow("sign ignored when snapping") << steps << -8.0 << 2;
+    QTest::newRow("below the whole table gives the last index") << QStringList({"5", "10"}) << 2.0 << 1;
+    QTest::newRow("text counts as 0") << QStringList({"Off", "1"}) << 0.0 << 0;
+    QTest::newRow("exact pass before the magnitudes") << QStringList({"-3", "3"}) << -3.0 << 0;
+    QTest::newRow("empty table") << QStringList() << 0.0 << -1;
+}
+
+void tst_LookUpTable::displayValueIndex()
+{
+    QFETCH(QStringList, texts);
+    QFETCH(double, value);
+    QFETCH(int, index);
+
+    QByteArray ini = "[t]\ncount=" + QByteArray::number(texts.size()) + '\n';
+    for (int i = 0; i < texts.size(); ++i)
+        ini += QByteArray::number(i) + '=' + texts.at(i).toLatin1() + ",0" + QByteArray::number(i) + '\n';
+    LookUpTable table(write(ini), QStringLiteral("t"));
+    table.readData();
+    QCOMPARE(table.displayValues(), texts);
+    QCOMPARE(table.displayValueIndex(value), index);
+}
+
+QTEST_GUILESS_MAIN(tst_LookUpTable)
+#include "tst_lookuptable.moc"
