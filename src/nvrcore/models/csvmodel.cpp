@@ -142,7 +142,7 @@ void CsvModel::setSource(QIODevice *source, bool withHeader, QChar separator)
     bool headerTaken = false;
 
     // One read and a scan for line ends: far cheaper than readLine() per row.
-    const QByteArray bytes = source->readAll();
+    const QByteArray bytes = source->isReadable() ? source->readAll() : QByteArray();
     const char *const begin = bytes.constData();
     const char *const end = begin + bytes.size();
     for (const char *p = begin; p < end;) {
@@ -264,7 +264,8 @@ QVariant CsvModel::headerData(int section, Qt::Orientation orientation, int role
 
 Qt::ItemFlags CsvModel::flags(const QModelIndex &index) const
 {
-    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
+    // The root is no cell: views and model checkers expect no flags there.
+    return index.isValid() ? QAbstractTableModel::flags(index) | Qt::ItemIsEditable : QAbstractTableModel::flags(index);
 }
 
 bool CsvModel::insertRows(int row, int count, const QModelIndex &parent)
