@@ -16,15 +16,19 @@ const QChar cellSeparator(1);
 /// The cell as QString::section(cellSeparator, column, column) gives it, without building a list.
 QString cell(const QString &row, int column)
 {
-    int start = 0;
+    const QChar *p = row.constData();
+    const QChar *const end = p + row.size();
     for (int c = 0; c < column; ++c) {
-        start = row.indexOf(cellSeparator, start);
-        if (start < 0)
+        while (p != end && *p != cellSeparator)
+            ++p;
+        if (p == end)
             return QString();
-        ++start;
+        ++p;
     }
-    const int end = row.indexOf(cellSeparator, start);
-    return row.mid(start, end < 0 ? -1 : end - start);
+    const QChar *const start = p;
+    while (p != end && *p != cellSeparator)
+        ++p;
+    return QString(start, int(p - start));
 }
 
 /// Cells 0 to column - 1, each followed by the separator; missing cells count as empty.
@@ -59,6 +63,44 @@ bool isValueRole(int role)
 }
 
 /**
+ * The fast way for a line of plain ASCII (most data files): the same rules
+ * as parseLine() applied to the bytes. Returns false, leaving row alone, as
+ * soon as a byte outside ASCII turns up, since those need decoding first.
+ */
+bool parseAsciiLine(const char *text, int length, char separator, QByteArray &scratch, QString &row,
+                    int &separators)
+{
+    if (scratch.size() < length)
+        scratch.resize(length);
+    char *const out = scratch.data();
+    char *w = out;
+    char previous = 0; // before the first character: no backslash there
+    bool inQuotes = false;
+    int count = 0;
+    for (int i = 0; i < length; ++i) {
+        const char ch = text[i];
+        if (ch & 0x80)
+            return false;
+        if (ch == '\r' || ch == '\n')
+            continue;
+        if (ch == '"' && previous != '\\') {
+            inQuotes = !inQuotes;
+        } else if (ch == separator && !inQuotes) {
+            *w++ = 1;
+            ++count;
+        } else {
+            *w++ = ch;
+            if (ch == 1)
+                ++count;
+        }
+        previous = ch;
+    }
+    row = QString::fromLatin1(out, int(w - out));
+    separators = count;
+    return true;
+}
+
+/**
  * Turns one line of the file (without its LF) into the in-memory row, in
  * place, and returns the number of cell separators in it.
  */
@@ -70,15 +112,14 @@ int parseLine(QString &line, QChar separator)
     const QChar *in = out;
     const QChar *const end = in + line.size();
     QChar *w = out;
-    QChar previous;
-    bool first = true;
+    QChar previous; // U+0000 before the first character: no backslash there
     bool inQuotes = false;
     int separators = 0;
     for (; in != end; ++in) {
         const QChar ch = *in;
         if (ch == u'\r' || ch == u'\n')
             continue;
-        if (ch == quote && (first || previous != backslash)) {
+        if (ch == quote && previous != backslash) {
             inQuotes = !inQuotes;
         } else if (ch == separator && !inQuotes) {
             *w++ = cellSeparator;
@@ -89,7 +130,6 @@ int parseLine(QString &line, QChar separator)
                 ++separators;
         }
         previous = ch;
-        first = false;
     }
     line.truncate(int(w - out));
     return separators;
@@ -116,16 +156,16 @@ void appendLine(QString &line, const QString &row, int columns, QChar separator)
 
 CsvModel::CsvModel(QObject *parent) : QAbstractTableModel(parent)
 {
+    setObjectName(QStringLiteral("CsvModel"));
 }
 
-CsvModel::CsvModel(QIODevice *source, QObject *parent, bool withHeader, QChar separator)
-    : QAbstractTableModel(parent)
+CsvModel::CsvModel(QIODevice *source, QObject *parent, bool withHeader, QChar separator) : CsvModel(parent)
 {
     setSource(source, withHeader, separator);
 }
 
 CsvModel::CsvModel(const QString &fileName, QObject *parent, bool withHeader, QChar separator)
-    : QAbstractTableModel(parent)
+    : CsvModel(parent)
 {
     setSource(fileName, withHeader, separator);
 }
@@ -141,18 +181,18 @@ void CsvModel::setSource(QIODevice *source, bool withHeader, QChar separator)
     m_rows.clear();
     bool headerTaken = false;
 
-    // One read and a scan for line ends: far cheaper than readLine() per row.
-    const QByteArray bytes = source->isReadable() ? source->readAll() : QByteArray();
-    const char *const begin = bytes.constData();
-    const char *const end = begin + bytes.size();
-    for (const char *p = begin; p < end;) {
-        const char *lf = static_cast<const char *>(std::memchr(p, '\n', size_t(end - p)));
-        const char *lineEnd = lf ? lf : end;
-        const char *nul = static_cast<const char *>(std::memchr(p, '\0', size_t(lineEnd - p)));
-        QString row = QString::fromUtf8(p, int((nul ? nul : lineEnd) - p));
-        p = lf ? lf + 1 : end;
-
-        const int separators = parseLine(row, separator);
+    const bool ascii = separator.unicode() < 0x80;
+    QByteArray scratch;
+    auto takeLine = [&](const char *text, int length) {
+        const char *nul = static_cast<const char *>(std::memchr(text, '\0', size_t(length)));
+        if (nul)
+            length = int(nul - text);
+        QString row;
+        int separators = 0;
+        if (!ascii || !parseAsciiLine(text, length, char(separator.unicode()), scratch, row, separators)) {
+            row = QString::fromUtf8(text, length);
+            separators = parseLine(row, separator);
+        }
         if (separators >= m_columnCount)
             m_columnCount = separators + 1;
         if (withHeader && !headerTaken) {
@@ -161,7 +201,34 @@ void CsvModel::setSource(QIODevice *source, bool withHeader, QChar separator)
         } else {
             m_rows.append(row);
         }
+    };
+
+    // Chunks split at line ends: far cheaper than readLine() per row, and a
+    // small buffer that is reused costs less than one of the whole file.
+    constexpr int chunk = 64 * 1024;
+    QByteArray buffer;
+    int filled = 0;
+    int scanned = 0; // the leftover of the last chunk holds no line end
+    while (source->isReadable()) {
+        if (buffer.size() < filled + chunk)
+            buffer.resize(filled + chunk);
+        const qint64 got = source->read(buffer.data() + filled, chunk);
+        if (got <= 0)
+            break;
+        filled += int(got);
+        const char *const end = buffer.constData() + filled;
+        const char *line = buffer.constData();
+        const char *scan = line + scanned;
+        while (const char *lf = static_cast<const char *>(std::memchr(scan, '\n', size_t(end - scan)))) {
+            takeLine(line, int(lf - line));
+            line = scan = lf + 1;
+        }
+        filled = int(end - line);
+        std::memmove(buffer.data(), line, size_t(filled));
+        scanned = filled;
     }
+    if (filled > 0)
+        takeLine(buffer.constData(), filled);
     source->close();
 }
 

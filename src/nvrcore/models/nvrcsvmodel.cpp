@@ -24,6 +24,7 @@ const QString newModel = QStringLiteral("New Model");
 
 NvrCsvModel::NvrCsvModel(QObject *parent) : CsvModel(parent)
 {
+    setObjectName(QStringLiteral("NvrCsvModel"));
 }
 
 NvrCsvModel::~NvrCsvModel() = default;

@@ -8,6 +8,7 @@
 
 TreeModel::TreeModel(QObject *parent) : QAbstractItemModel(parent)
 {
+    setObjectName(QStringLiteral("TreeModel"));
 }
 
 TreeModel::~TreeModel()

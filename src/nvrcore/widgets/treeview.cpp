@@ -10,6 +10,7 @@
 
 TreeView::TreeView(QWidget *parent) : QTreeView(parent)
 {
+    setObjectName(QStringLiteral("TreeView"));
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QWidget::customContextMenuRequested, this, &TreeView::contextMenu);
 }
