@@ -26,8 +26,11 @@ class QIODevice;
  * plain ASCII text without quotes survives a round trip unchanged.
  *
  * submit() saves to and revert() reloads from the file last given by name,
- * always with a header line and the comma. Removing columns keeps the
- * reported column count (the freed columns read empty until the next load).
+ * always with a header line and the comma, whatever the model was loaded
+ * with. Failures to read or write are not reported (submit() still returns
+ * true); reading what cannot be opened gives an empty table. revert() resets
+ * the model. Removing columns keeps the reported column count (the freed
+ * columns read empty until the next load).
  */
 class NVRCORE_EXPORT CsvModel : public QAbstractTableModel
 {
@@ -55,7 +58,10 @@ public:
     QString fileName() const { return m_fileName; }
 
     using QAbstractTableModel::setHeaderData;
-    /// Emits headerDataChanged(Qt::Horizontal, 0, titles.size()): one past the last title, kept so.
+    /**
+     * Emits headerDataChanged(Qt::Horizontal, 0, titles.size()), one past the
+     * last title, also when the titles are unchanged; the column count stays.
+     */
     void setHeaderData(const QStringList &titles);
 
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;
