@@ -1,0 +1,286 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "models/csvmodel.h"
+
+#include <QAbstractItemModelTester>
+#include <QBuffer>
+#include <QDir>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+
+using Table = QList<QStringList>;
+
+namespace {
+Table table(const CsvModel &model)
+{
+    Table rows;
+    for (int r = 0; r < model.rowCount(); ++r) {
+        QStringList cells;
+        for (int c = 0; c < model.columnCount(); ++c)
+            cells << model.index(r, c).data().toString();
+        rows << cells;
+    }
+    return rows;
+}
+
+QByteArray csv(CsvModel &model, bool withHeader = true, QChar separator = QLatin1Char(','))
+{
+    QBuffer buffer;
+    model.toCSV(&buffer, withHeader, separator);
+    return buffer.data();
+}
+
+CsvModel *load(QByteArray bytes, bool withHeader = true, QChar separator = QLatin1Char(','))
+{
+    QBuffer buffer(&bytes);
+    return new CsvModel(&buffer, nullptr, withHeader, separator);
+}
+
+bool writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile file(path);
+    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+}
+}
+
+class tst_CsvModel : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void read_data();
+    void read();
+    void badInputLoads_data();
+    void badInputLoads();
+    void write();
+    void failedSaveKeepsThePreviousFile();
+    void editCells();
+    void rowsColumnsAndHeader();
+    void submitAndRevertUseHeaderAndComma();
+};
+
+void tst_CsvModel::read_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<QString>("separator");
+    QTest::addColumn<Table>("rows");
+
+    QTest::newRow("quoted separator") << QByteArray("H\na,\"b,c\",d\n") << "," << Table{{"a", "b,c", "d"}};
+    QTest::newRow("doubled quotes vanish") << QByteArray("H\n\"\"\"hi\"\"\"\n") << "," << Table{{"hi"}};
+    QTest::newRow("backslash quote kept") << QByteArray("H\nx\\\"y,\\\r\"\n") << "," << Table{{"x\\\"y", "\\\""}};
+    QTest::newRow("quotes anywhere") << QByteArray("H\nab\"c,d\"e,f\n") << "," << Table{{"abc,de", "f"}};
+    QTest::newRow("unbalanced quote") << QByteArray("H\n\"a,b\nc,d") << "," << Table{{"a,b", ""}, {"c", "d"}};
+    QTest::newRow("short and blank lines") << QByteArray("H,B\na,b,c\n\nd\n") << ","
+                                           << Table{{"a", "b", "c"}, {"", "", ""}, {"d", "", ""}};
+    QTest::newRow("CR LF, lone CR") << QByteArray("H\r\na,b\r\nc\rd,e\r\n") << "," << Table{{"a", "b"}, {"cd", "e"}};
+    QTest::newRow("NUL ends the line") << QByteArray("H\nab\0c,d\ne,f\n", 13) << "," << Table{{"ab", ""}, {"e", "f"}};
+    QTest::newRow("UTF-8, untrimmed") << QByteArray("H\n caf\xc3\xa9 ,\"\xc3\xa9\\\"\"\n") << ","
+                                      << Table{{QString::fromUtf8(" caf\xc3\xa9 "), QString::fromUtf8("\xc3\xa9\\\"")}};
+    QTest::newRow("other separator") << QByteArray("H\na,b;c\n") << ";" << Table{{"a,b", "c"}};
+}
+
+void tst_CsvModel::read()
+{
+    QFETCH(QByteArray, input);
+    QFETCH(QString, separator);
+    QFETCH(Table, rows);
+
+    QScopedPointer<CsvModel> model(load(input, true, separator.at(0)));
+    QCOMPARE(table(*model), rows);
+    QCOMPARE(model->columnCount(), rows.first().size());
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("H"));
+
+    // Without a header line the titles stay, the first line is a row.
+    QBuffer again(&input);
+    model->setSource(&again, false, separator.at(0));
+    QVERIFY(!again.isOpen());
+    QCOMPARE(model->rowCount(), rows.size() + 1);
+    QCOMPARE(model->index(0, 0).data().toString(), QStringLiteral("H"));
+
+    // An empty source clears rows and width and keeps the titles.
+    QBuffer empty;
+    model->setSource(&empty);
+    QCOMPARE(model->rowCount(), 0);
+    QCOMPARE(model->columnCount(), 0);
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("H"));
+}
+
+void tst_CsvModel::badInputLoads_data()
+{
+    QTest::addColumn<QByteArray>("input");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<int>("columns");
+
+    QByteArray binary(64 * 1024, '\0');
+    QRandomGenerator random(4);
+    for (char &byte : binary)
+        byte = char(random.bounded(256));
+    const int lines = binary.count('\n') + (binary.endsWith('\n') ? 0 : 1);
+
+    QTest::newRow("NUL bytes") << QByteArray(4096, '\0') << 0 << 1;
+    QTest::newRow("1 MB single line") << QByteArray("abc,").repeated(256 * 1024) << 0 << 256 * 1024 + 1;
+    QTest::newRow("unbalanced quotes") << QByteArray("\"\n\"a,\"b\n\",c\n").repeated(1000) << 2999 << 1;
+    QTest::newRow("not text") << binary << lines - 1 << -1;
+}
+
+void tst_CsvModel::badInputLoads()
+{
+    QFETCH(QByteArray, input);
+    QFETCH(int, rows);
+    QFETCH(int, columns);
+
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("bad.csv"));
+    QVERIFY(writeFile(path, input));
+    CsvModel model(path);
+    QCOMPARE(model.rowCount(), rows);
+    if (columns >= 0)
+        QCOMPARE(model.columnCount(), columns);
+    QVERIFY(csv(model).size() > 0); // every cell reads and writes back
+}
+
+void tst_CsvModel::write()
+{
+    QScopedPointer<CsvModel> model(load("Company,Model,Note\nAcme,X1\n\"caf\xc3\xa9 \xe2\x82\xac\",,\"b\\\"s\"\n\n"));
+    QCOMPARE(csv(*model), QByteArray("\"Company\",\"Model\",\"Note\"\n\"Acme\",\"X1\",\"\"\n"
+                                     "\"caf\xe9 ?\",\"\",\"b\\\"s\"\n\"\",\"\",\"\"\n"));
+    QCOMPARE(csv(*model, false, QLatin1Char(';')).left(16), QByteArray("\"Acme\";\"X1\";\"\"\n\""));
+
+    // An ASCII table without quotes survives a round trip through a file exactly.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("round.csv"));
+    QScopedPointer<CsvModel> original(load("Id,Company,Model\n1,Acme,X 1\n2,Beta Corp,\n,, \n"));
+    original->toCSV(path);
+    QVERIFY(original->fileName().isEmpty());
+    CsvModel copy(path);
+    QCOMPARE(table(copy), table(*original));
+    QCOMPARE(readFile(path), csv(*original));
+    QVERIFY(QFileInfo(path).permissions() & QFile::ReadOther); // an ordinary file, not a private temporary
+}
+
+void tst_CsvModel::failedSaveKeepsThePreviousFile()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("kept.csv"));
+    const QByteArray previous("\"A\",\"B\"\n\"old\",\"row\"\n");
+    QVERIFY(writeFile(path, previous));
+    CsvModel model(path);
+    QByteArray larger = QByteArray("A,B\n") + QByteArray("a rather long new cell,and another\n").repeated(2000);
+    QBuffer source(&larger);
+    model.setSource(&source); // keeps the file name
+
+    // A full disk, simulated by a file-size limit: the write fails part way.
+    rlimit saved{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &saved), 0);
+    rlimit limited = saved;
+    limited.rlim_cur = 4096;
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    QVERIFY(model.submit());
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+    QCOMPARE(readFile(path), previous);
+    QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("kept.csv")});
+
+    model.toCSV(path + QStringLiteral("/inside.csv")); // a path through a regular file
+    QCOMPARE(readFile(path), previous);
+    QVERIFY(model.submit());
+    QCOMPARE(readFile(path), csv(model));
+}
+
+void tst_CsvModel::editCells()
+{
+    QScopedPointer<CsvModel> model(load("A,B,C\na,b,c\nshort\n"));
+    QAbstractItemModelTester tester(model.data());
+    QSignalSpy changed(model.data(), &QAbstractItemModel::dataChanged);
+
+    QTest::ignoreMessage(QtDebugMsg, "CsvModel::setData before: a\x01");
+    QTest::ignoreMessage(QtDebugMsg, "CsvModel::setData after: c");
+    QTest::ignoreMessage(QtDebugMsg, "CsvModel::setData new: a\x01x\x01" "c");
+    QVERIFY(model->setData(model->index(0, 1), QStringLiteral("x")));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(0).toModelIndex(), model->index(0, 1));
+    QVERIFY(changed.at(0).at(2).value<QVector<int>>().isEmpty());
+
+    // A short row keeps its cells in place when a later column is set; the last column's trailing cell is not written.
+    QVERIFY(model->setData(model->index(1, 2), 7, Qt::UserRole));
+    QVERIFY(model->setData(model->index(1, 0), QString(), Qt::DisplayRole));
+    QCOMPARE(csv(*model, false), QByteArray("\"a\",\"x\",\"c\"\n\"\",\"\",\"7\"\n"));
+
+    QVERIFY(!model->setData(model->index(0, 0), QStringLiteral("y"), Qt::ToolTipRole));
+    QVERIFY(!model->setData(QModelIndex(), QStringLiteral("y")));
+    QCOMPARE(changed.count(), 3);
+    QVERIFY(model->flags(model->index(0, 0)) & Qt::ItemIsEditable);
+}
+
+void tst_CsvModel::rowsColumnsAndHeader()
+{
+    QScopedPointer<CsvModel> model(load("A,B,C\n1,2,3\n4,5,6\n"));
+    QAbstractItemModelTester tester(model.data());
+
+    QVERIFY(model->insertRows(99, 2)); // past the end: appended
+    QVERIFY(model->insertRows(0, 1));
+    QCOMPARE(table(*model), (Table{{"", "", ""}, {"1", "2", "3"}, {"4", "5", "6"}, {"", "", ""}, {"", "", ""}}));
+    QVERIFY(!model->insertRows(-1, 1));
+    QVERIFY(model->removeRows(3, 10)); // the count is cut at the end
+    QVERIFY(model->removeRows(0, 1));
+    QVERIFY(!model->removeRows(2, 1));
+    QCOMPARE(table(*model), (Table{{"1", "2", "3"}, {"4", "5", "6"}}));
+
+    QVERIFY(model->insertColumns(1, 2));
+    QCOMPARE(table(*model).at(0), (QStringList{"1", "", "", "2", "3"}));
+    QCOMPARE(model->headerData(3, Qt::Horizontal).toString(), QStringLiteral("B"));
+    QVERIFY(model->insertColumns(5, 1)); // at the end: rows untouched, width grows
+    QVERIFY(model->removeColumns(1, 2));
+    QVERIFY(!model->removeColumns(6, 1));
+    QVERIFY(model->removeColumns(0, 1));
+    // Removal keeps the width: the freed columns read empty, and past the titles the header numbers them.
+    QCOMPARE(table(*model), (Table{{"2", "3", "", "", "", ""}, {"5", "6", "", "", "", ""}}));
+    QCOMPARE(model->headerData(0, Qt::Horizontal).toString(), QStringLiteral("B"));
+    QCOMPARE(model->headerData(4, Qt::Horizontal).toString(), QStringLiteral("5"));
+
+    // The header signal names one past the last title, even for the same list.
+    qRegisterMetaType<Qt::Orientation>();
+    CsvModel titled;
+    QSignalSpy spy(&titled, &QAbstractItemModel::headerDataChanged);
+    const QStringList titles = {QStringLiteral("Id"), QStringLiteral("Company"), QStringLiteral("Model")};
+    titled.setHeaderData(titles);
+    titled.setHeaderData(titles);
+    QCOMPARE(spy.count(), 2);
+    QCOMPARE(spy.at(1), (QVariantList{QVariant::fromValue(Qt::Horizontal), 0, 3}));
+    QCOMPARE(titled.columnCount(), 0);
+    QCOMPARE(titled.headerData(1, Qt::Horizontal, Qt::UserRole).toString(), QStringLiteral("Company"));
+}
+
+void tst_CsvModel::submitAndRevertUseHeaderAndComma()
+{
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("table.csv"));
+    QVERIFY(writeFile(path, "a;b\nc;d\n"));
+    CsvModel model(path, nullptr, false, QLatin1Char(';'));
+    model.setHeaderData({QStringLiteral("X"), QStringLiteral("Y")});
+    QVERIFY(model.submit());
+    QCOMPARE(readFile(path), QByteArray("\"X\",\"Y\"\n\"a\",\"b\"\n\"c\",\"d\"\n"));
+
+    QAbstractItemModelTester tester(&model);
+    QVERIFY(model.insertRows(2, 1));
+    QVERIFY(model.setData(model.index(0, 0), QStringLiteral("changed")));
+    QSignalSpy changed(&model, &QAbstractItemModel::dataChanged);
+    model.revert();
+    QCOMPARE(table(model), (Table{{"a", "b"}, {"c", "d"}}));
+    QCOMPARE(changed.count(), 1);
+    QCOMPARE(changed.at(0).at(1).toModelIndex(), model.index(1, 1));
+}
+
+QTEST_GUILESS_MAIN(tst_CsvModel)
+#include "tst_csvmodel.moc"
