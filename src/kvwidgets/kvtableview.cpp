@@ -15,6 +15,11 @@ KvTableView::~KvTableView() = default;
 void KvTableView::setModel(QAbstractItemModel *model)
 {
     QTableView::setModel(model);
+    // The selection model submits the model whenever the current row changes; edits here stay
+    // buffered until the owner saves or cancels them.
+    if (model && selectionModel()) {
+        disconnect(selectionModel(), SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), model, SLOT(submit()));
+    }
     if (!m_headerState.isEmpty())
         restoreState();
 }

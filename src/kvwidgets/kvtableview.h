@@ -20,6 +20,9 @@
  * operations take a group and a key, which default to "tableviews" and the
  * object name. Nothing is saved implicitly: the owner decides when.
  *
+ * Unlike a plain QTableView, moving to another row does not submit the
+ * model: buffered edits stay pending until the owner submits or reverts.
+ *
  * Subclasses that hide columns override setModel() and restoreState() and
  * hide them again after the base, since a restored layout may show them.
  */
