@@ -4,6 +4,12 @@
 
 #include "kvabstractdataobject.h"
 
+bool OldKvAbstractTableModel::isRecordIndex(const QModelIndex &index) const
+{
+    return index.isValid() && index.model() == this && index.row() < m_rows.size()
+           && index.column() < m_columnCount;
+}
+
 OldKvAbstractTableModel::OldKvAbstractTableModel(QObject *parent) : QAbstractTableModel(parent)
 {
 }
@@ -26,7 +32,7 @@ int OldKvAbstractTableModel::columnCount(const QModelIndex &parent) const
 
 QVariant OldKvAbstractTableModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!isRecordIndex(index))
         return QVariant();
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return QVariant();
@@ -35,7 +41,7 @@ QVariant OldKvAbstractTableModel::data(const QModelIndex &index, int role) const
 
 bool OldKvAbstractTableModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!isRecordIndex(index))
         return false;
     if (role != Qt::DisplayRole && role != Qt::EditRole)
         return false;
@@ -52,14 +58,14 @@ bool OldKvAbstractTableModel::setData(const QModelIndex &index, const QVariant &
         // The copy for revert was taken after the change: give it the old value back.
         m_committed.at(index.row())->setData(index.column(), before);
     }
-    emitRowChanged(index.row());
+    emitChanged(index);
     return true;
 }
 
 Qt::ItemFlags OldKvAbstractTableModel::flags(const QModelIndex &index) const
 {
     Qt::ItemFlags result = QAbstractTableModel::flags(index);
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+    if (!isRecordIndex(index))
         return result;
     if (index.column() < m_rows.at(index.row())->fieldCount())
         result |= Qt::ItemIsEditable;
@@ -168,8 +174,11 @@ void OldKvAbstractTableModel::beginEdit()
     m_pending = true;
 }
 
-void OldKvAbstractTableModel::emitRowChanged(int row)
+void OldKvAbstractTableModel::emitChanged(const QModelIndex &changed)
 {
-    if (m_columnCount > 0)
-        Q_EMIT dataChanged(index(row, 0), index(row, m_columnCount - 1));
+    Q_EMIT dataChanged(changed, changed);
+    const int firstComputed = m_rows.at(changed.row())->fieldCount();
+    if (firstComputed < m_columnCount)
+        Q_EMIT dataChanged(index(changed.row(), firstComputed), index(changed.row(), m_columnCount - 1),
+                           {Qt::DisplayRole});
 }

@@ -20,9 +20,11 @@ class KvAbstractDataObject;
  * rows at once (views show them), and submit() keeps them while revert()
  * returns to the rows of the last submit. Loading with insertFromStrings(),
  * insertFromStringsList() and clear() is not an edit: revert keeps it.
- * An edit signals dataChanged() over its whole row, since computed columns
- * may depend on any field; setting a field to its current value signals
- * nothing.
+ * An edit signals dataChanged() for its cell and, since they may depend on
+ * any field, for the row's computed columns; setting a field to its current
+ * value signals nothing. Cells are signalled one by one, not as a whole
+ * row, because a QDataWidgetMapper refills every widget a signal covers and
+ * would overwrite what a form has not written yet.
  *
  * Subclasses make their records in newDataObject(), which insertRows() and
  * the loaders call for each new row, and clone them in
@@ -69,8 +71,9 @@ protected:
     void setColumnCount(int count);
 
 private:
+    bool isRecordIndex(const QModelIndex &index) const;
     void beginEdit();
-    void emitRowChanged(int row);
+    void emitChanged(const QModelIndex &changed);
 
     QList<KvAbstractDataObject *> m_rows;
     // Copies of the rows as they were at the last submit; held only while edits are pending.

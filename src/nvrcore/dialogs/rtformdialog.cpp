@@ -64,6 +64,7 @@ RtFormDialog::RtFormDialog(QWidget *parent)
 {
     setObjectName(QStringLiteral("RtFormDialog"));
     setWindowTitle(tr("Radio"));
+    setMinimumWidth(460);
     m_type->setObjectName(QStringLiteral("typeComboBox"));
     m_type->addItems(Rt::typeNames());
     m_includeInRxList->setObjectName(QStringLiteral("includeInRxListCheckBox"));
@@ -84,7 +85,6 @@ RtFormDialog::RtFormDialog(QWidget *parent)
     form->addRow(m_duplicate);
     mainLayout()->insertLayout(0, form);
 
-    addMapping(m_type, RtsTableModel::TypeColumn, "currentIndex");
     addMapping(m_manufacturer, RtsTableModel::ManufacturerColumn);
     addMapping(m_model, RtsTableModel::ModelColumn);
     addMapping(m_includeInRxList, RtsTableModel::IncludeInRxListColumn);
@@ -92,6 +92,8 @@ RtFormDialog::RtFormDialog(QWidget *parent)
     addMapping(m_rxDescription, RtsTableModel::RxDescriptionColumn);
     addMapping(m_txLevel, RtsTableModel::TxLevelColumn);
     addMapping(m_txDescription, RtsTableModel::TxDescriptionColumn);
+    // Last: writing a new type makes the model refill the fields it affects, which must be written by then.
+    addMapping(m_type, RtsTableModel::TypeColumn, "currentIndex");
 }
 
 RtFormDialog::~RtFormDialog() = default;

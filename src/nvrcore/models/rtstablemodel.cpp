@@ -195,6 +195,14 @@ bool RtsTableModel::setData(const QModelIndex &index, const QVariant &value, int
             OldKvAbstractTableModel::setData(include, 1, Qt::EditRole);
         else if (type != Rt::Transceiver)
             OldKvAbstractTableModel::setData(include, 0, Qt::EditRole);
+        const int before = rtType(index);
+        if (!OldKvAbstractTableModel::setData(index, value, role))
+            return false;
+        // Which levels and descriptions are shown depends on the type.
+        if (rtType(index) != before)
+            Q_EMIT dataChanged(index.siblingAtColumn(RxLevelColumn), index.siblingAtColumn(TxDescriptionColumn),
+                               {Qt::DisplayRole});
+        return true;
     }
     return OldKvAbstractTableModel::setData(index, value, role);
 }

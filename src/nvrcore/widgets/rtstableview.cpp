@@ -13,6 +13,8 @@ RtsTableView::RtsTableView(QWidget *parent) : KvTableView(parent), m_proxy(new R
     setSelectionBehavior(QAbstractItemView::SelectRows);
     horizontalHeader()->setSortIndicatorShown(true);
     horizontalHeader()->setStretchLastSection(true);
+    // Row numbers mean nothing in a sorted list.
+    verticalHeader()->hide();
     horizontalHeader()->setSortIndicator(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
     KvTableView::setModel(m_proxy);
     setSortingEnabled(true);
@@ -25,6 +27,7 @@ void RtsTableView::setModel(QAbstractItemModel *model)
     m_proxy->setSourceModel(model);
     hideComputedColumns();
     sortByColumn(horizontalHeader()->sortIndicatorSection(), horizontalHeader()->sortIndicatorOrder());
+    resizeColumnsToContents();
 }
 
 void RtsTableView::restoreState()
