@@ -16,9 +16,10 @@ namespace Rt {
  * radio files. They are also combined as filter flags, although they are not
  * single bits: a filter matches a type whenever they share a bit, so PA (3)
  * matches Transceiver (1) and Receiver (2) filters too. AllTypes (5) is only
- * meaningful as a filter.
+ * meaningful as a filter. The underlying type is fixed so that any value
+ * read from a file (displayed as Not Installed) is still a valid RtType.
  */
-enum RtType {
+enum RtType : int {
     NotInstalled = 0,
     Transceiver = 1,
     Receiver = 2,

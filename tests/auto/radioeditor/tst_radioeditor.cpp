@@ -24,6 +24,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -95,6 +96,13 @@ QModelIndex viewIndexOf(RtsTableView *view, int id, int column)
     return found.isEmpty() ? QModelIndex() : found.first().siblingAtColumn(column);
 }
 
+bool messageBoxShown()
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    return std::any_of(widgets.cbegin(), widgets.cend(),
+                       [](QWidget *widget) { return qobject_cast<QMessageBox *>(widget) && widget->isVisible(); });
+}
+
 void clickCell(RtsTableView *view, const QModelIndex &index)
 {
     view->scrollTo(index);
@@ -122,6 +130,8 @@ private Q_SLOTS:
 
 void tst_RadioEditor::cleanup()
 {
+    // A save confirmation closes itself; it must not reach the next test's recorder.
+    QTRY_VERIFY_WITH_TIMEOUT(!messageBoxShown(), 10000);
     RtsFile::destroyInstance();
     TestAppDir::clearData();
 }
@@ -296,15 +306,7 @@ void tst_RadioEditor::newRecordEndToEnd()
         QCOMPARE(boxes.last().title, QStringLiteral("File Saved"));
         QCOMPARE(boxes.last().text, QStringLiteral("Radios Data Saved"));
         QVERIFY(!boxes.last().modal);
-        QTRY_VERIFY_WITH_TIMEOUT(
-            [] {
-                for (QWidget *widget : QApplication::topLevelWidgets()) {
-                    if (qobject_cast<QMessageBox *>(widget) && widget->isVisible())
-                        return false;
-                }
-                return true;
-            }(),
-            10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!messageBoxShown(), 10000);
         QVERIFY2(sinceSave.elapsed() >= 1450, qPrintable(QString::number(sinceSave.elapsed())));
         QCOMPARE(boxes.count(), 1);
 
