@@ -152,7 +152,8 @@ bool RtFormDialog::isValid() const
         m_duplicate->hide();
     }
 
-    LOG_TRACE(QStringLiteral("RtFormDialog::isValid(): %1").arg(valid ? QStringLiteral("true") : QStringLiteral("false")));
+    LOG_TRACE(QStringLiteral("RtFormDialog::isValid(): %1")
+                  .arg(valid ? QStringLiteral("true") : QStringLiteral("false")));
     return valid;
 }
 

@@ -43,7 +43,7 @@ QStringList recordOf(int id)
     return index.isValid() ? model->dataObjectAtRow(index.row())->toStringList() : QStringList();
 }
 
-// Every default radio by id, manufacturer and model, as the library has always listed them.
+// Every default radio by id, manufacturer and model, in the order of the table.
 const char defaultNames[] =
     "0 Radio Not Installed ; 1 Default Transceiver ; 2 Default Receiver ; 3 Default PA ; 4 Default CVR ; "
     "5 Default 043 Transceiver ; 6 Default 043 Receiver ; "
@@ -73,7 +73,6 @@ private Q_SLOTS:
     void cleanup();
 
     void rebuildWithNeitherFile();
-    void defaultTable_data();
     void defaultTable();
     void userRecordsSurviveARebuild();
     void roundTripAndKeys();
@@ -113,104 +112,65 @@ void tst_RadioFiles::rebuildWithNeitherFile()
     QCOMPARE(log.records().first().function, QStringLiteral("static void RtsFile::destroyInstance()"));
 }
 
-void tst_RadioFiles::defaultTable_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<QStringList>("fields");
-    // Rows in full: the generic ones and one of each group; the rest follow their group below.
-    const QList<QStringList> rows = {
-        {"0", "Radio Not Installed", "", "0", "0.00", "", "0.00", "", "1"},
-        {"2", "Default Receiver", "", "2", "7.75", "", "", "", "1"},
-        {"3", "Default PA", "", "3", "", "", "0.250", "", "0"},
-        {"6", "Default 043 Receiver", "", "2", "2.50", "", "0.100", "", "1"},
-        {"10", "ARC (Cessna)", "RT328T", "1", "4.50", "40 mw (4.5Vrms) into 500 Ohms", "0.120",
-         "120mVrms into 500 Ohms", "0"},
-        {"11", "Becker", "AR 6201", "1", "7.75", "100mW (7.75Vrms) into 600 Ohms", "0.110",
-         "110mVrms into 150 Ohms", "0"},
-        {"13", "Becker", "AR 4201", "1", "7.75", "100mW (7.75Vrms) into 600 Ohms", "0.100",
-         "100mVrms into 150 Ohms", "0"},
-        {"14", "Bendix/King", "KY 96A", "1", "7.07", "100mW (7.07Vrms) into 500 Ohms", "0.100",
-         "100mVrms into 100 Ohms", "0"},
-        {"17", "Bendix/King", "KX170B", "1", "4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120",
-         "120mVrms into 150 Ohms", "0"},
-        {"22", "Garmin", "GNS420W", "1", "7.07", "100mW (7.07Vrms) into 500 Ohms", "", "", "0"},
-        {"24", "Garmin", "GNS530W", "1", "7.07", "100mW (7.07Vrms) into 500 Ohms", "", "", "1"},
-        {"25", "Garmin", "SL-40", "1", "6.75", "91mW (6.75Vrms) into 500 Ohms", "0.940", "940mVrms into 150 Ohms",
-         "0"},
-        {"26", "ICOM", "IC-A210", "1", "5.48", "60mW (5.48Vrms) into 500 Ohms", "0.100", "100mVrms into 600 Ohms",
-         "0"},
-        {"27", "NARCO", "COM11B", "1", "4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms",
-         "0"},
-        {"34", "Skytrac", "ISAT-200", "1", "9.50", "150mW (9.50Vrms) into 600 Ohms", "0.100",
-         "1.40Vrms into 1000 Ohms", "0"},
-        {"35", "Technisonic", "TFM-30", "1", "10.00", "500mW (17.3Vrms) into 600 Ohms", "0.050",
-         "50mVrms into 200 Ohms", "0"},
-        {"41", "Technisonic", "TDFM-7300", "1", "10.00", "600mW (19Vrms) into 600 Ohms", "0.050",
-         "50mVrms into 200 Ohms", "0"},
-        {"43", "TKM Inc.", "MX11", "1", "4.50", "40mW (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms",
-         "0"},
-        {"48", "Wulfsberg", "C-2000", "1", "7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250",
-         "250mVrms into 150 Ohms", "0"},
-        {"51", "Wulfsberg", "RT-30", "1", "7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250",
-         "250mVrms into 200 Ohms", "0"},
-        {"54", "Bendix/King", "KX155A", "2", "7.07", "100mW (7.07Vrms) into 500 Ohms", "0.000", "", "1"},
-        {"55", "Bendix/King", "KX170", "2", "0.50", "0.5Vrms into 500 Ohms", "0.000", "", "1"},
-        {"58", "TKM Inc.", "MX12", "2", "4.50", "40mW (4.50Vrms) into 500 Ohms", "", "", "1"},
-        {"60", "TKM Inc.", "MX300", "2", "5.00", "50mW (5.00Vrms) into 500 Ohms", "", "", "1"},
-        {"62", "NAT", "AA20-030", "3", "0.00", "", "0.200", "200mVrms into 150 Ohms", "0"},
-        {"67", "NAT", "AA21-400", "3", "0.00", "", "0.200", "250mVrms into 150 Ohms", "0"},
-        {"68", "NAT", "PA250", "3", "0.00", "", "0.005", "5mVrms into 150 Ohms", "0"},
-        {"70", "PowerSonix", "PSAIR22", "3", "0.00", "", "1.000", "1Vrms into 150 Ohms", "0"},
-        {"75", "Technisonic", "A790", "3", "0.00", "", "0.145", "", "0"},
-        {"76", "Honeywell", "AR COMBI", "4", "0.00", "", "0.500", "500mV into 5 KOhms", "0"},
-    };
-    for (const QStringList &row : rows)
-        QTest::newRow(qPrintable(row.at(0))) << row.at(0).toInt() << row;
-}
-
 void tst_RadioFiles::defaultTable()
 {
-    QFETCH(int, id);
-    QFETCH(QStringList, fields);
     RtsFile::instance();
     // Checked after a load from the rebuilt files, so the INI encoding is covered too.
     RtsFile::destroyInstance();
     RtsFile::instance();
-    QCOMPARE(recordOf(id), fields);
-
-    if (id != 0)
-        return;
     RtsTableModel *model = RtsTableModel::instance();
     const QStringList entries = QString::fromLatin1(defaultNames).split(QLatin1Char(';'));
     QCOMPARE(model->rowCount(), entries.size());
     for (int row = 0; row < model->rowCount(); ++row) {
         const QModelIndex index = model->index(row, 0);
-        const int rowId = model->rtId(index);
-        QCOMPARE(QStringLiteral("%1 %2 %3").arg(rowId).arg(model->rtName(index), model->rtModel(index)).trimmed(),
+        const int id = model->rtId(index);
+        QCOMPARE(QStringLiteral("%1 %2 %3").arg(id).arg(model->rtName(index), model->rtModel(index)).trimmed(),
                  entries.at(row).trimmed());
-        if (rowId < 10)
-            continue;
-        const int type = rowId <= 53 ? Rt::Transceiver : rowId <= 61 ? Rt::Receiver : rowId <= 75 ? Rt::Pa : Rt::Cvr;
+        const int type = id < 10 ? QList<int>({0, 1, 2, 3, 4, 1, 2}).at(id)
+                                 : id <= 53 ? 1 : id <= 61 ? 2 : id <= 75 ? 3 : 4;
         QCOMPARE(int(model->rtType(index)), type);
-        const bool included = type == Rt::Receiver || rowId == 23 || rowId == 24;
-        QCOMPARE(model->index(row, RtsTableModel::IncludeInRxListColumn).data(Qt::EditRole).toInt(), included ? 1 : 0);
+        const bool included = model->rtType(index) == Rt::Receiver || id == 0 || id == 23 || id == 24;
+        QCOMPARE(recordOf(id).at(8), QString::number(included ? 1 : 0));
     }
 
-    // The other rows have the levels and descriptions of their group's row.
-    const QList<QPair<QList<int>, int>> groups = {
-        {{12}, 11}, {{31, 32, 33}, 13}, {{15, 16, 19, 20, 21}, 14}, {{18}, 17}, {{23}, 22}, {{28, 29, 30}, 27},
-        {{36, 37, 38, 39, 40}, 35}, {{42}, 41}, {{44, 45, 46, 47}, 43}, {{49, 50, 53}, 48}, {{52}, 51},
-        {{59, 61}, 58}, {{63, 64, 65, 66}, 62}, {{69}, 68}, {{71, 72, 73, 74}, 70}, {{77, 78}, 76}};
-    for (const auto &group : groups) {
-        for (const int member : group.first) {
-            const QStringList levels = recordOf(member).mid(4, 4);
-            if (member == 12)
-                QCOMPARE(levels.mid(2), QStringList({"0.120", "120mVrms into 150 Ohms"}));
-            else
-                QCOMPARE(levels, recordOf(group.second).mid(4, 4));
+    const QList<QPair<QList<int>, QStringList>> levels = {
+        {{0}, {"0.00", "", "0.00", ""}}, {{1}, {"7.75", "", "0.250", ""}}, {{2}, {"7.75", "", "", ""}},
+        {{3}, {"", "", "0.250", ""}}, {{4}, {"7.75", "", "0.500", ""}}, {{5}, {"2.50", "", "0.250", ""}},
+        {{6}, {"2.50", "", "0.100", ""}},
+        {{10}, {"4.50", "40 mw (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{11}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.110", "110mVrms into 150 Ohms"}},
+        {{12}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.120", "120mVrms into 150 Ohms"}},
+        {{13, 31, 32, 33}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.100", "100mVrms into 150 Ohms"}},
+        {{14, 15, 16, 19, 20, 21}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "0.100", "100mVrms into 100 Ohms"}},
+        {{17, 18}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120", "120mVrms into 150 Ohms"}},
+        {{22, 23, 24}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "", ""}},
+        {{25}, {"6.75", "91mW (6.75Vrms) into 500 Ohms", "0.940", "940mVrms into 150 Ohms"}},
+        {{26}, {"5.48", "60mW (5.48Vrms) into 500 Ohms", "0.100", "100mVrms into 600 Ohms"}},
+        {{27, 28, 29, 30}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{34}, {"9.50", "150mW (9.50Vrms) into 600 Ohms", "0.100", "1.40Vrms into 1000 Ohms"}},
+        {{35, 36, 37, 38, 39, 40}, {"10.00", "500mW (17.3Vrms) into 600 Ohms", "0.050", "50mVrms into 200 Ohms"}},
+        {{41, 42}, {"10.00", "600mW (19Vrms) into 600 Ohms", "0.050", "50mVrms into 200 Ohms"}},
+        {{43, 44, 45, 46, 47}, {"4.50", "40mW (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{48, 49, 50, 53}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250", "250mVrms into 150 Ohms"}},
+        {{51, 52}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250", "250mVrms into 200 Ohms"}},
+        {{54}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "0.000", ""}},
+        {{55}, {"0.50", "0.5Vrms into 500 Ohms", "0.000", ""}},
+        {{58, 59, 61}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "", ""}},
+        {{60}, {"5.00", "50mW (5.00Vrms) into 500 Ohms", "", ""}},
+        {{62, 63, 64, 65, 66}, {"0.00", "", "0.200", "200mVrms into 150 Ohms"}},
+        {{67}, {"0.00", "", "0.200", "250mVrms into 150 Ohms"}},
+        {{68, 69}, {"0.00", "", "0.005", "5mVrms into 150 Ohms"}},
+        {{70, 71, 72, 73, 74}, {"0.00", "", "1.000", "1Vrms into 150 Ohms"}},
+        {{75}, {"0.00", "", "0.145", ""}},
+        {{76, 77, 78}, {"0.00", "", "0.500", "500mV into 5 KOhms"}}};
+    int checked = 0;
+    for (const auto &group : levels) {
+        for (const int id : group.first) {
+            QCOMPARE(recordOf(id).mid(4, 4), group.second);
+            ++checked;
         }
     }
-    QCOMPARE(recordOf(12).mid(4, 2), recordOf(11).mid(4, 2));
+    QCOMPARE(checked, 74);
 }
 
 void tst_RadioFiles::userRecordsSurviveARebuild()
@@ -323,7 +283,8 @@ void tst_RadioFiles::askToSave()
     QCOMPARE(boxes.count(), changed ? 1 : 0);
     if (changed) {
         QCOMPARE(boxes.last().title, QStringLiteral("File Changed"));
-        QCOMPARE(boxes.last().text, QStringLiteral("The Radios file has been modified.\nDo you want to save your changes?"));
+        QCOMPARE(boxes.last().text,
+                 QStringLiteral("The Radios file has been modified.\nDo you want to save your changes?"));
         QCOMPARE(boxes.last().icon, QMessageBox::Warning);
         QCOMPARE(boxes.last().buttons, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
     }

@@ -80,28 +80,22 @@ private Q_SLOTS:
 void tst_TableEditWidget::buttons()
 {
     TableEditWidget widget;
-    const QList<QPair<const char *, QString>> expected = {
-        {"newButton", "New record"},       {"copyButton", "Copy record"},
-        {"editButton", "Edit record"},     {"deleteButton", "Delete selected record"},
-        {"submitButton", "Save changes"}, {"revertButton", "Cancel all changes"}};
+    widget.show();
     auto *buttons = widget.findChild<QVBoxLayout *>()->itemAt(0)->layout();
-    QCOMPARE(buttons->spacing(), 2);
-    for (int i = 0; i < expected.size(); ++i) {
+    QStringList order;
+    for (int i = 0; i < buttons->count() - 1; ++i) {
         auto *button = qobject_cast<QPushButton *>(buttons->itemAt(i)->widget());
-        QVERIFY(button);
-        QCOMPARE(button->objectName(), QLatin1String(expected.at(i).first));
-        QCOMPARE(button->toolTip(), expected.at(i).second);
+        order.append(button->objectName());
         QVERIFY(button->text().isEmpty());
-        QVERIFY(!button->icon().pixmap(16, 16).isNull());
     }
-    QCOMPARE(buttons->count(), 7); // and the stretch
+    QCOMPARE(order, QStringList({"newButton", "copyButton", "editButton", "deleteButton", "submitButton",
+                                 "revertButton"}));
+    // Every icon the editors name must be in the resources and render.
     for (const char *name : {":/images/new", ":/images/copy", ":/images/edit", ":/images/delete",
                              ":/images/submit", ":/images/revert", ":/icons/record-add", ":/icons/filesave"})
         QVERIFY2(!QIcon(QLatin1String(name)).pixmap(24, 24).isNull(), name);
 
-    widget.show();
-    auto *newButton = widget.findChild<QPushButton *>(QStringLiteral("newButton"));
-    QVERIFY(newButton->isVisible() && newButton->isEnabled());
+    QVERIFY(widget.findChild<QPushButton *>(QStringLiteral("newButton"))->isEnabled());
     QVERIFY(widget.findChild<QPushButton *>(QStringLiteral("copyButton"))->isHidden());
     QVERIFY(widget.findChild<QPushButton *>(QStringLiteral("editButton"))->isHidden());
     for (const char *name : {"deleteButton", "submitButton", "revertButton"}) {
@@ -251,12 +245,6 @@ void tst_TableEditWidget::viewKeepsItsLayout()
     QVERIFY(view.isColumnHidden(RtsTableModel::SelectStringColumn));
     QCOMPARE(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     QCOMPARE(view.model()->index(0, 0).data(Qt::EditRole).toInt(), 14);
-
-    KvTableView other;
-    other.setObjectName(QStringLiteral("otherView"));
-    other.setModel(&model);
-    other.readSettings();
-    QVERIFY(!other.isColumnHidden(RtsTableModel::TxDescriptionColumn));
 }
 
 QTEST_MAIN(tst_TableEditWidget)
