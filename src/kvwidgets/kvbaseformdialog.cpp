@@ -4,11 +4,32 @@
 
 #include <QDataWidgetMapper>
 #include <QPersistentModelIndex>
+#include <QPointer>
+#include <QVector>
 
 class KvBaseFormDialogPrivate
 {
 public:
+    struct Mapping
+    {
+        QPointer<QWidget> widget;
+        int section;
+        QByteArray propertyName;
+    };
+
+    void apply(const Mapping &mapping) const
+    {
+        if (!mapping.widget)
+            return;
+        if (mapping.propertyName.isEmpty())
+            mapper->addMapping(mapping.widget, mapping.section);
+        else
+            mapper->addMapping(mapping.widget, mapping.section, mapping.propertyName);
+    }
+
     QDataWidgetMapper *mapper = nullptr;
+    // QDataWidgetMapper::setModel() drops its mappings, so they are kept here to be applied again.
+    QVector<Mapping> mappings;
     QPersistentModelIndex index;
     KvCore::EditTypes editType = KvCore::EditRecord;
 };
@@ -28,12 +49,13 @@ QDataWidgetMapper *KvBaseFormDialog::mapper() const
 
 void KvBaseFormDialog::addMapping(QWidget *widget, int section)
 {
-    d->mapper->addMapping(widget, section);
+    addMapping(widget, section, QByteArray());
 }
 
 void KvBaseFormDialog::addMapping(QWidget *widget, int section, const QByteArray &propertyName)
 {
-    d->mapper->addMapping(widget, section, propertyName);
+    d->mappings.append({widget, section, propertyName});
+    d->apply(d->mappings.constLast());
 }
 
 void KvBaseFormDialog::setModelIndex(const QModelIndex &index, KvCore::EditTypes editType)
@@ -42,7 +64,11 @@ void KvBaseFormDialog::setModelIndex(const QModelIndex &index, KvCore::EditTypes
     d->editType = editType;
     if (!index.isValid())
         return;
-    d->mapper->setModel(const_cast<QAbstractItemModel *>(index.model()));
+    if (d->mapper->model() != index.model()) {
+        d->mapper->setModel(const_cast<QAbstractItemModel *>(index.model()));
+        for (const auto &mapping : qAsConst(d->mappings))
+            d->apply(mapping);
+    }
     d->mapper->setRootIndex(index.parent());
     d->mapper->setCurrentIndex(index.row());
     onDataChanged();

@@ -1,0 +1,67 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "kvtableview.h"
+
+#include "kvsettings.h"
+
+#include <QHeaderView>
+
+KvTableView::KvTableView(QWidget *parent) : QTableView(parent)
+{
+}
+
+KvTableView::~KvTableView() = default;
+
+void KvTableView::setModel(QAbstractItemModel *model)
+{
+    QTableView::setModel(model);
+    // The selection model submits the model whenever the current row changes; edits here stay
+    // buffered until the owner saves or cancels them.
+    if (model && selectionModel()) {
+        disconnect(selectionModel(), SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), model, SLOT(submit()));
+    }
+    if (!m_headerState.isEmpty())
+        restoreState();
+}
+
+void KvTableView::readSettings(const QString &group, const QString &key)
+{
+    const QString path = settingsPath(group, key);
+    KvSettings settings;
+    m_headerState = settings.value(path + QStringLiteral("/header")).toByteArray();
+    m_sortColumn = settings.value(path + QStringLiteral("/sortcolumn"), -1).toInt();
+    m_sortOrder = settings.value(path + QStringLiteral("/sortorder"), 0).toInt() == Qt::DescendingOrder
+                      ? Qt::DescendingOrder
+                      : Qt::AscendingOrder;
+    restoreState();
+}
+
+void KvTableView::saveSettings(const QString &group, const QString &key)
+{
+    m_headerState = horizontalHeader()->saveState();
+    m_sortColumn = horizontalHeader()->sortIndicatorSection();
+    m_sortOrder = horizontalHeader()->sortIndicatorOrder();
+
+    const QString path = settingsPath(group, key);
+    KvSettings settings;
+    settings.setValue(path + QStringLiteral("/header"), m_headerState);
+    settings.setValue(path + QStringLiteral("/sortcolumn"), m_sortColumn);
+    settings.setValue(path + QStringLiteral("/sortorder"), static_cast<int>(m_sortOrder));
+}
+
+void KvTableView::restoreState()
+{
+    if (!model())
+        return;
+    if (!m_headerState.isEmpty())
+        horizontalHeader()->restoreState(m_headerState);
+    // Restoring the header only moves its indicator; the model must be sorted as well.
+    if (isSortingEnabled() && m_sortColumn >= 0 && m_sortColumn < model()->columnCount())
+        sortByColumn(m_sortColumn, m_sortOrder);
+}
+
+QString KvTableView::settingsPath(const QString &group, const QString &key) const
+{
+    return (group.isEmpty() ? QStringLiteral("tableviews") : group) + QLatin1Char('/')
+           + (key.isEmpty() ? objectName() : key);
+}
