@@ -3,7 +3,10 @@
 #include "mainwindow.h"
 
 #include "classes/nvroptions.h"
+#include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "widgets/rtstableeditwidget.h"
+#include "widgets/tableeditwidget.h"
 
 #include <QAction>
 #include <QApplication>
@@ -41,6 +44,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setMargin(16);
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
+    addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
@@ -57,9 +61,13 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
 
 MainWindow::~MainWindow() = default;
 
-void MainWindow::addPage(QWidget *page, const QString &title)
+void MainWindow::addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave)
 {
     m_pages->addTab(page, title);
+    if (auto *editor = qobject_cast<TableEditWidget *>(page))
+        editor->readSettings();
+    if (askToSave)
+        m_savePrompts.append(askToSave);
 }
 
 void MainWindow::createMenus()
@@ -97,6 +105,16 @@ void MainWindow::about()
 
 void MainWindow::closeEvent(QCloseEvent *event)
 {
+    for (const auto &askToSave : std::as_const(m_savePrompts)) {
+        if (!askToSave()) {
+            event->ignore();
+            return;
+        }
+    }
+    for (int i = 0; i < m_pages->count(); ++i) {
+        if (auto *editor = qobject_cast<TableEditWidget *>(m_pages->widget(i)))
+            editor->saveSettings();
+    }
     KvSettings settings;
     settings.setValue(QStringLiteral("mainwindow/geometry"), saveGeometry());
     settings.setValue(QStringLiteral("mainwindow/page"), m_pages->currentIndex());

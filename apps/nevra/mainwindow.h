@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+#include <functional>
+
 class NvrOptions;
 class QLabel;
 class QTabWidget;
@@ -22,8 +24,12 @@ public:
     ~MainWindow() override;
 
     QTabWidget *pages() const { return m_pages; }
-    /// Adds a page as a tab; the page's objectName identifies it in tests.
-    void addPage(QWidget *page, const QString &title);
+    /**
+     * Adds a page as a tab; the page's objectName identifies it in tests.
+     * askToSave, when given, offers to save the page's unsaved data before
+     * the window closes and returns false when the user cancels.
+     */
+    void addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave = {});
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -37,6 +43,7 @@ private:
     NvrOptions *m_options;
     QTabWidget *m_pages;
     QLabel *m_portStatus;
+    QList<std::function<bool()>> m_savePrompts;
 };
 
 #endif

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
+#include "classes/rtsfile.h"
 #include "mainwindow.h"
 #include "messageboxrecorder.h"
 #include "testappdir.h"
@@ -23,6 +24,7 @@ private Q_SLOTS:
     void headlessStartExits();
     void statusFollowsThePorts();
     void optionsDialogFromTheMenu();
+    void closingOffersToSaveTheLibraries();
 };
 
 void tst_Host::initTestCase()
@@ -88,6 +90,26 @@ void tst_Host::optionsDialogFromTheMenu()
     QCOMPARE(options.comPort2Number(), 2);
     QCOMPARE(window.findChild<QLabel *>(QStringLiteral("portStatus"))->text(),
              QStringLiteral("Configuration port: COM1   Control port: COM2"));
+}
+
+void tst_Host::closingOffersToSaveTheLibraries()
+{
+    NvrOptions options({QStringLiteral("nevra")});
+    MainWindow window(&options);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    RtsFile::instance()->setModified(true);
+
+    MessageBoxRecorder boxes(QMessageBox::Cancel);
+    QVERIFY(!window.close());
+    QVERIFY(window.isVisible());
+    QCOMPARE(boxes.count(), 1);
+    QCOMPARE(boxes.last().title, QStringLiteral("File Changed"));
+
+    boxes.setAnswer(QMessageBox::Discard);
+    QVERIFY(window.close());
+    QCOMPARE(boxes.count(), 2);
+    RtsFile::destroyInstance();
 }
 
 QTEST_MAIN(tst_Host)
