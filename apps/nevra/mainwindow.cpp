@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "mainwindow.h"
 
+#include "audiopage.h"
 #include "classes/nvroptions.h"
 #include "kvsettings.h"
 
@@ -41,6 +42,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setMargin(16);
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
+    addPage(new AudioPage(this), tr("Audio"));
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
