@@ -14,7 +14,8 @@ const int fmtSize = 16;
 // Offset of the sub-format code inside an extensible format chunk.
 const int subFormatOffset = 24;
 
-QByteArray canonicalImage(QByteArray fmt, const QByteArray &samples)
+// The 44-byte header for the format chunk's fields and sampleBytes; nothing for an unusable format.
+QByteArray canonicalHeader(QByteArray fmt, int sampleBytes)
 {
     if (KvHex::BufferToUshort(fmt, 0) == extensibleFormat) {
         // The sub-format's first two bytes are the plain format code.
@@ -29,16 +30,25 @@ QByteArray canonicalImage(QByteArray fmt, const QByteArray &samples)
     if (channels == 0 || rate == 0 || byteRate == 0 || blockAlign == 0)
         return QByteArray();
 
-    QByteArray image;
-    image.reserve(Wav::HeaderSize + samples.size());
-    image += "RIFF";
-    image += KvHex::UintToBuffer(quint32(Wav::HeaderSize - 8 + samples.size()));
-    image += "WAVEfmt ";
-    image += KvHex::UintToBuffer(fmtSize);
-    image += fmt.left(fmtSize);
-    image += "data";
-    image += KvHex::UintToBuffer(quint32(samples.size()));
-    image += samples;
+    QByteArray header;
+    header.reserve(Wav::HeaderSize);
+    header += "RIFF";
+    header += KvHex::UintToBuffer(quint32(Wav::HeaderSize - 8 + sampleBytes));
+    header += "WAVEfmt ";
+    header += KvHex::UintToBuffer(fmtSize);
+    header += fmt.left(fmtSize);
+    header += "data";
+    header += KvHex::UintToBuffer(quint32(sampleBytes));
+    return header;
+}
+
+QByteArray canonicalImage(const QByteArray &fmt, const char *samples, int count)
+{
+    QByteArray image = canonicalHeader(fmt, count);
+    if (!image.isEmpty()) {
+        image.reserve(Wav::HeaderSize + count);
+        image.append(samples, count);
+    }
     return image;
 }
 
@@ -73,7 +83,12 @@ QByteArray parse(const QByteArray &file)
         } else if (id == "data") {
             if (fmt.isEmpty())
                 return QByteArray();
-            return canonicalImage(fmt, file.mid(int(body), int(qMin(size, file.size() - body))));
+            const int count = int(qMin(size, file.size() - body));
+            const QByteArray header = canonicalHeader(fmt, count);
+            // Most files are canonical already: share their bytes rather than copy a large sound.
+            if (!header.isEmpty() && body + count == file.size() && file.startsWith(header))
+                return file;
+            return canonicalImage(fmt, file.constData() + body, count);
         }
         at = body + size + (size & 1); // chunks are padded to an even length
     }
@@ -108,7 +123,7 @@ bool Wav::setRawData(const QByteArray &data)
 void Wav::setAudioData(const QByteArray &data)
 {
     const QByteArray fmt = m_image.isEmpty() ? defaultFmt() : m_image.mid(20, fmtSize);
-    m_image = canonicalImage(fmt, data);
+    m_image = canonicalImage(fmt, data.constData(), data.size());
 }
 
 bool Wav::readFile(const QString &fileName)
