@@ -38,7 +38,8 @@ bool KvProcess::exec(const QString &commandLine)
     if (!waitForFinished(remainingMs())) {
         kill();
         waitForFinished(-1);
-        LOG_ERROR(QStringLiteral("%1 did not end within %2 ms and was stopped").arg(program, QString::number(m_timeoutMs)));
+        LOG_ERROR(QStringLiteral("%1 did not end within %2 ms and was stopped")
+                      .arg(program, QString::number(m_timeoutMs)));
         return false;
     }
     if (exitStatus() != QProcess::NormalExit) {
