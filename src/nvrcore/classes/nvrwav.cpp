@@ -66,8 +66,10 @@ void NvrWav::convertToDeviceFormat()
     const int end = HeaderSize + dataSize();
     for (int p = HeaderSize; p < end; p += 2) {
         quint16 code = silenceCode;
-        if (end - p >= 2)
-            code = deviceSampleCode(qint16(ucharToShort(reinterpret_cast<const unsigned char *>(bytes.constData() + p))));
+        if (end - p >= 2) {
+            const auto *sample = reinterpret_cast<const unsigned char *>(bytes.constData() + p);
+            code = deviceSampleCode(qint16(ucharToShort(sample)));
+        }
         const QByteArray pair = KvHex::UshortToBuffer(code);
         bytes[p] = pair.at(0);
         // An odd byte count leaves no room for the second byte: it becomes the chunk's padding byte.
