@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "mainwindow.h"
 
+#include "audiopage.h"
 #include "classes/nvroptions.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
@@ -45,6 +46,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
+    addPage(new AudioPage(this), tr("Audio"));
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
