@@ -8,6 +8,7 @@
 class NvrOptions;
 class QLabel;
 class QTabWidget;
+class TerminalPage;
 
 /**
  * The host's one window: a page per tool in a tab widget, the options
@@ -37,6 +38,7 @@ private:
     NvrOptions *m_options;
     QTabWidget *m_pages;
     QLabel *m_portStatus;
+    TerminalPage *m_terminal = nullptr;
 };
 
 #endif
