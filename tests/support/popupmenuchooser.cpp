@@ -7,16 +7,10 @@
 #include <QMenu>
 #include <QTest>
 
-namespace {
-constexpr int pollIntervalMs = 10;
-}
-
-PopupMenuChooser::PopupMenuChooser(const QString &choice, int timeoutMs, QObject *parent)
-    : QObject(parent), m_choice(choice), m_pollsLeft(timeoutMs / pollIntervalMs)
+PopupMenuChooser::PopupMenuChooser(const QString &choice, QObject *parent) : QObject(parent), m_choice(choice)
 {
-    m_timer.setInterval(pollIntervalMs);
     connect(&m_timer, &QTimer::timeout, this, &PopupMenuChooser::poll);
-    m_timer.start();
+    m_timer.start(10);
 }
 
 PopupMenuChooser::~PopupMenuChooser() = default;
@@ -24,11 +18,8 @@ PopupMenuChooser::~PopupMenuChooser() = default;
 void PopupMenuChooser::poll()
 {
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    if (!menu) {
-        if (--m_pollsLeft <= 0)
-            m_timer.stop();
+    if (!menu)
         return;
-    }
     m_timer.stop();
     QAction *choice = nullptr;
     const QList<QAction *> actions = menu->actions();
@@ -43,5 +34,4 @@ void PopupMenuChooser::poll()
     }
     menu->setActiveAction(choice);
     QTest::keyClick(menu, Qt::Key_Return);
-    m_chosen = true;
 }

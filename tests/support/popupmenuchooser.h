@@ -11,20 +11,18 @@
  * Chooses an entry of the next popup menu, so that a test can open a modal
  * menu (QMenu::exec) without hanging on it. Create it, then open the menu:
  * the first popup menu that shows has its entries recorded and the entry
- * with the given text chosen with the keyboard, as a user would. A menu
- * without that entry is closed; with no menu the chooser gives up after the
- * time-out.
+ * with the given text chosen with the keyboard, as a user would; a menu
+ * without that entry is closed.
  */
 class PopupMenuChooser : public QObject
 {
     Q_OBJECT
 public:
-    explicit PopupMenuChooser(const QString &choice, int timeoutMs = 5000, QObject *parent = nullptr);
+    explicit PopupMenuChooser(const QString &choice, QObject *parent = nullptr);
     ~PopupMenuChooser() override;
 
     /// The texts of the menu's entries in order, a separator as "-"; empty until a menu showed.
     QStringList entries() const { return m_entries; }
-    bool chosen() const { return m_chosen; }
 
 private:
     void poll();
@@ -32,8 +30,6 @@ private:
     QTimer m_timer;
     QString m_choice;
     QStringList m_entries;
-    bool m_chosen = false;
-    int m_pollsLeft;
 };
 
 #endif
