@@ -8,6 +8,9 @@
 #include "kvsettings.h"
 #include "widgets/rtstableeditwidget.h"
 #include "widgets/tableeditwidget.h"
+#include "optionspage.h"
+#include "picturepage.h"
+#include "terminalpage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -47,6 +50,9 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     addPage(welcome, tr("Start"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
     addPage(new AudioPage(this), tr("Audio"));
+    addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
+    addPage(new PicturePage(m_pages), tr("Picture"));
+    addPage(new OptionsPage(m_options, m_pages), tr("Options"));
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
@@ -82,6 +88,9 @@ void MainWindow::createMenus()
     QAction *options = tools->addAction(tr("&Options..."), this, &MainWindow::editOptions);
     options->setObjectName(QStringLiteral("actionOptions"));
     options->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
+
+    QMenu *link = menuBar()->addMenu(tr("&Link"));
+    link->addActions({m_terminal->connectAction(), m_terminal->disconnectAction()});
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Nevra"), this, &MainWindow::about);

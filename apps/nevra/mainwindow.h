@@ -10,6 +10,7 @@
 class NvrOptions;
 class QLabel;
 class QTabWidget;
+class TerminalPage;
 
 /**
  * The host's one window: a page per tool in a tab widget, the options
@@ -44,6 +45,7 @@ private:
     QTabWidget *m_pages;
     QLabel *m_portStatus;
     QList<std::function<bool()>> m_savePrompts;
+    TerminalPage *m_terminal = nullptr;
 };
 
 #endif

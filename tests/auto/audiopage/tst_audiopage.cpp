@@ -4,6 +4,7 @@
 #include "classes/nvroptions.h"
 #include "classes/nvrwav.h"
 #include "mainwindow.h"
+#include "filedialogchooser.h"
 #include "messageboxrecorder.h"
 #include "testappdir.h"
 
@@ -68,23 +69,9 @@ void tst_AudioPage::cleanupTestCase()
 bool tst_AudioPage::chooseInDialog(QPushButton *button, const QString &fileName)
 {
     MessageBoxRecorder guard; // rejects a dialog left open instead of hanging
-    bool chosen = false;
-    QTimer poll;
-    connect(&poll, &QTimer::timeout, &poll, [&] {
-        auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
-            return;
-        poll.stop();
-        auto *name = dialog->findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
-        if (!name)
-            return;
-        name->setText(fileName);
-        QTest::keyClick(name, Qt::Key_Return);
-        chosen = true;
-    });
-    poll.start(20);
+    FileDialogChooser chooser(fileName);
     QTest::mouseClick(button, Qt::LeftButton);
-    return chosen;
+    return chooser.answered();
 }
 
 void tst_AudioPage::importUnderTheWaitCursor()

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/productsfile.h"
+#include "filedialogchooser.h"
 #include "logcapture.h"
 #include "messageboxrecorder.h"
 #include "models/productsmodel.h"
@@ -367,16 +368,11 @@ void tst_Products::promptsAndFailures()
 
     // Save As: the dialog's name gets the suffix, and the lock moves with the file.
     QTemporaryDir dir;
-    QTimer timer;
-    connect(&timer, &QTimer::timeout, this, [&] {
-        if (auto *dialog = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
-            dialog->selectFile(dir.filePath(QStringLiteral("copy")));
-            static_cast<QDialog *>(dialog)->accept();
-        }
-    });
-    timer.start(20);
-    QVERIFY(file->saveFile(QString())); // a document without a file asks for one
-    timer.stop();
+    {
+        FileDialogChooser chooser(dir.filePath(QStringLiteral("copy")));
+        QVERIFY(file->saveFile(QString())); // a document without a file asks for one
+        QCOMPARE(chooser.title(), QStringLiteral("Save Product Definitions As"));
+    }
     QCOMPARE(file->fileName(), dir.filePath(QStringLiteral("copy.dat")));
     QVERIFY(file->isLocked(file->fileName()));
 

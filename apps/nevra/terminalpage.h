@@ -1,0 +1,73 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#ifndef NEVRA_TERMINALPAGE_H
+#define NEVRA_TERMINALPAGE_H
+
+#include <QByteArray>
+#include <QWidget>
+
+class ConsoleWidget;
+class NvrOptions;
+class QAction;
+class QTimer;
+class SerialPort;
+
+/**
+ * A terminal on the product's configuration port: each command typed in the
+ * console goes out as one line ended by a carriage return, and what comes
+ * back before the line falls quiet is its answer. Printable characters are
+ * shown as they are, any other byte as <HH>. A command that gets no answer
+ * within the response time-out shows a time-out line; output that nobody
+ * asked for is shown as it comes.
+ *
+ * The page opens COM<n> of the options' configuration port at 9600 baud,
+ * 8 data bits, no parity, one stop bit; it connects on start when the
+ * options say so and moves to another port when the options change it.
+ */
+class TerminalPage : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit TerminalPage(NvrOptions *options, QWidget *parent = nullptr);
+    ~TerminalPage() override;
+
+    ConsoleWidget *console() const { return m_console; }
+    /// "&Connect" and "&Disconnect", for the window's menu.
+    QAction *connectAction() const { return m_connectAction; }
+    QAction *disconnectAction() const { return m_disconnectAction; }
+    bool isConnected() const;
+
+    int responseTimeout() const { return m_responseTimeoutMs; }
+    void setResponseTimeout(int ms) { m_responseTimeoutMs = ms; }
+
+    /// The bytes of an answer as one line of text: <HH> for bytes that do not print.
+    static QString displayText(const QByteArray &bytes);
+
+public Q_SLOTS:
+    void connectPort();
+    void disconnectPort();
+
+private:
+    void sendCommand(const QString &command);
+    void receive(const QList<QVariant> &bytes);
+    void answerComplete();
+    void noAnswer();
+    void portChanged();
+    void updateActions();
+    /// A line of the page's own above the input line, or as output while a command runs.
+    void showLine(const QString &text);
+    /// Ends the running command, if any, with text as its answer.
+    void finishCommand(const QString &text);
+
+    NvrOptions *m_options;
+    ConsoleWidget *m_console;
+    SerialPort *m_port;
+    QAction *m_connectAction;
+    QAction *m_disconnectAction;
+    QTimer *m_quietTimer;
+    QByteArray m_answer;
+    bool m_waiting = false;
+    int m_responseTimeoutMs = 1000;
+};
+
+#endif
