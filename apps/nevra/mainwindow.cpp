@@ -3,8 +3,10 @@
 #include "mainwindow.h"
 
 #include "classes/nvroptions.h"
+#include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "widgets/productstableeditwidget.h"
 #include "widgets/rtstableeditwidget.h"
 #include "widgets/tableeditwidget.h"
 
@@ -45,6 +47,8 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
+    addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
+            [] { return ProductsFile::instance()->maybeSave(); });
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
