@@ -25,8 +25,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QStandardItemModel>
 #include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
@@ -36,16 +34,15 @@
 #include <functional>
 
 namespace {
-/// Rows written as "product start end configuration" (a "-" for an empty value), in model order.
+/// Rows written as "product start end configuration", in model order.
 void fill(const QStringList &rows)
 {
     ProductsModel *model = ProductsModel::instance();
     model->removeRows(0, model->rowCount());
     model->insertRows(0, rows.size());
     for (int row = 0; row < rows.size(); ++row) {
-        const QStringList values = rows.at(row).split(QLatin1Char(' '));
         for (int column = 0; column < 4; ++column)
-            model->setData(model->index(row, column), values.at(column) == "-" ? QString() : values.at(column));
+            model->setData(model->index(row, column), rows.at(row).section(QLatin1Char(' '), column, column));
     }
     model->submit();
 }
@@ -56,10 +53,8 @@ QStringList rows()
     QStringList result;
     for (int row = 0; row < model->rowCount(); ++row) {
         QStringList values;
-        for (int column = 0; column < 4; ++column) {
-            const QString value = model->index(row, column).data(Qt::EditRole).toString();
-            values << (value.isEmpty() ? QStringLiteral("-") : value);
-        }
+        for (int column = 0; column < 4; ++column)
+            values << model->index(row, column).data(Qt::EditRole).toString();
         result << values.join(QLatin1Char(' '));
     }
     return result;
@@ -120,18 +115,19 @@ void retype(QLineEdit *edit, const QString &text)
         QTest::keyClicks(edit, text);
 }
 
-QLineEdit *field(QWidget *form, const char *name)
+const QStringList fieldNames = {"productEdit", "startRevEdit", "endRevEdit", "hardwareConfigurationEdit"};
+
+QString fieldText(QWidget *form, int column)
 {
-    return form->findChild<QLineEdit *>(QLatin1String(name));
+    return form->findChild<QLineEdit *>(fieldNames.at(column))->text();
 }
 
-/// Types the four fields of a form; an entry of null keeps the field as it is.
+/// Types the four fields of a form; a null entry keeps the field as it is.
 void typeForm(ProductFormDialog *form, const QStringList &values)
 {
-    const char *names[] = {"productEdit", "startRevEdit", "endRevEdit", "hardwareConfigurationEdit"};
     for (int i = 0; i < 4; ++i) {
         if (!values.at(i).isNull())
-            retype(field(form, names[i]), values.at(i));
+            retype(form->findChild<QLineEdit *>(fieldNames.at(i)), values.at(i));
     }
 }
 
@@ -162,15 +158,12 @@ private:
     bool m_ran = false;
 };
 
-void accept(ProductFormDialog *form)
+/// Fills the form and presses OK, or Cancel.
+void finishForm(ProductFormDialog *form, const QStringList &values, bool ok = true)
 {
-    QVERIFY(form->okButton()->isEnabled());
-    QTest::mouseClick(form->okButton(), Qt::LeftButton);
-}
-
-void cancel(ProductFormDialog *form)
-{
-    QTest::mouseClick(form->buttonBox()->button(QDialogButtonBox::Cancel), Qt::LeftButton);
+    typeForm(form, values);
+    QVERIFY(!ok || form->okButton()->isEnabled());
+    QTest::mouseClick(ok ? form->okButton() : form->buttonBox()->button(QDialogButtonBox::Cancel), Qt::LeftButton);
 }
 
 void trigger(KvTableViewWidget *widget, QAction *action)
@@ -203,12 +196,6 @@ void doubleClickRow(QAbstractItemView *view, const QModelIndex &index)
     QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
 }
 
-bool editingInPlace(QAbstractItemView *view)
-{
-    auto *editor = view->viewport()->findChild<QLineEdit *>();
-    return editor && editor->isVisible();
-}
-
 const QStringList initialRows = {"P1 A C 1", "P1 D F 2", "P2 A Z 1"};
 }
 
@@ -216,34 +203,27 @@ class tst_ProductsUi : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
+    void initTestCase()
+    {
+        TestAppDir::prepare();
+        m_previousDir = QDir::currentPath();
+    }
+    void cleanupTestCase() { TestAppDir::cleanup(); }
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void searchProxy();
-    void formInput_data();
     void formInput();
     void formValidation_data();
     void formValidation();
     void editorEndToEnd();
     void searchAndClicks();
-    void viewWidgetOptions_data();
-    void viewWidgetOptions();
     void hostPageOffersFailedSaves();
 
 private:
-    void editProductsThroughTheEditor();
-
     QString m_previousDir;
     std::unique_ptr<QTemporaryDir> m_currentDir;
 };
-
-void tst_ProductsUi::initTestCase()
-{
-    TestAppDir::prepare();
-    m_previousDir = QDir::currentPath();
-}
 
 void tst_ProductsUi::init()
 {
@@ -263,11 +243,6 @@ void tst_ProductsUi::cleanup()
     ProductsModel::destroyInstance();
     QDir::setCurrent(m_previousDir);
     m_currentDir.reset();
-}
-
-void tst_ProductsUi::cleanupTestCase()
-{
-    TestAppDir::cleanup();
 }
 
 void tst_ProductsUi::searchProxy()
@@ -309,47 +284,38 @@ void tst_ProductsUi::searchProxy()
     QCOMPARE(shown(), QStringList({"PMA8000", "pma7000", "X1"}));
 }
 
-void tst_ProductsUi::formInput_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("label");
-    QTest::addColumn<QString>("placeholder");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("shown");
-
-    const QString product = QStringLiteral("Enter KVL Product Number");
-    const QString start = QStringLiteral("Enter Starting Build Configuration Rev (E.g. A or B");
-    const QString end = QStringLiteral("Enter Ending Build Configuration Rev (E.g. A or B");
-    const QString hardware = QStringLiteral("Enter Hardware Configuration (E.g. 1 or 2)");
-    QTest::newRow("product takes any text") << "productEdit" << "Product:" << product << "pma-8000 b/2" << "pma-8000 b/2";
-    QTest::newRow("start takes one capital") << "startRevEdit" << "Starting Build Configuration Rev:" << start << "BC" << "B";
-    QTest::newRow("start refuses lower case") << "startRevEdit" << "Starting Build Configuration Rev:" << start << "b" << "";
-    QTest::newRow("end refuses digits") << "endRevEdit" << "Ending Build Configuration Rev:" << end << "1Z" << "Z";
-    QTest::newRow("hardware takes one digit") << "hardwareConfigurationEdit" << "Hardware Configuration:" << hardware << "23" << "2";
-    QTest::newRow("hardware refuses 0") << "hardwareConfigurationEdit" << "Hardware Configuration:" << hardware << "0" << "";
-    QTest::newRow("hardware refuses letters") << "hardwareConfigurationEdit" << "Hardware Configuration:" << hardware << "A" << "";
-}
-
 void tst_ProductsUi::formInput()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, label);
-    QFETCH(QString, placeholder);
-    QFETCH(QString, typed);
-    QFETCH(QString, shown);
-
     ProductFormDialog form;
     form.show();
     QVERIFY(QTest::qWaitForWindowExposed(&form));
-    auto *edit = form.findChild<QLineEdit *>(name);
-    QVERIFY(edit);
-    QCOMPARE(edit->placeholderText(), placeholder);
     auto *layout = form.findChild<QFormLayout *>();
-    auto *labelWidget = qobject_cast<QLabel *>(layout->labelForField(edit));
-    QVERIFY(labelWidget);
-    QCOMPARE(labelWidget->text(), label);
-    QTest::keyClicks(edit, typed);
-    QCOMPARE(edit->text(), shown);
+    const QStringList labels = {"Product:", "Starting Build Configuration Rev:", "Ending Build Configuration Rev:",
+                                "Hardware Configuration:"};
+    // The revision hints have always lacked their closing parenthesis.
+    const QStringList placeholders = {"Enter KVL Product Number", "Enter Starting Build Configuration Rev (E.g. A or B",
+                                      "Enter Ending Build Configuration Rev (E.g. A or B",
+                                      "Enter Hardware Configuration (E.g. 1 or 2)"};
+    for (int column = 0; column < 4; ++column) {
+        auto *edit = form.findChild<QLineEdit *>(fieldNames.at(column));
+        QCOMPARE(qobject_cast<QLabel *>(layout->labelForField(edit))->text(), labels.at(column));
+        QCOMPARE(edit->placeholderText(), placeholders.at(column));
+    }
+
+    // What typing leaves in a field: the validators take one capital letter or one digit 1 to 9.
+    const struct
+    {
+        int column;
+        const char *typed;
+        const char *shown;
+    } typing[] = {{0, "pma-8000 b/2", "pma-8000 b/2"}, {1, "BC", "B"}, {1, "b", ""}, {2, "1Z", "Z"},
+                  {3, "23", "2"}, {3, "0", ""}, {3, "A", ""}};
+    for (const auto &entry : typing) {
+        auto *edit = form.findChild<QLineEdit *>(fieldNames.at(entry.column));
+        edit->clear();
+        QTest::keyClicks(edit, QLatin1String(entry.typed));
+        QVERIFY2(edit->text() == QLatin1String(entry.shown), entry.typed);
+    }
 }
 
 void tst_ProductsUi::formValidation_data()
@@ -412,105 +378,73 @@ void tst_ProductsUi::formValidation()
 
 void tst_ProductsUi::editorEndToEnd()
 {
-    editProductsThroughTheEditor();
-    QCOMPARE(fileRows(), QStringList({"P1 D H 3", "P2 A Z 1", "P3 A Z 1"}));
-}
-
-void tst_ProductsUi::editProductsThroughTheEditor()
-{
     MessageBoxRecorder boxes;
-    ProductConfigsWidget editor;
-    editor.resize(900, 400);
-    editor.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&editor));
-    KvTableViewWidget *widget = editor.tableViewWidget();
+    auto editor = std::make_unique<ProductConfigsWidget>();
+    editor->resize(900, 400);
+    editor->show();
+    QVERIFY(QTest::qWaitForWindowExposed(editor.get()));
+    KvTableViewWidget *widget = editor->tableViewWidget();
     auto *view = qobject_cast<ProductsTableView *>(widget->view());
     QVERIFY(view);
-    QCOMPARE(view->objectName(), QStringLiteral("ProductsTableView"));
-    QCOMPARE(widget->objectName(), QStringLiteral("ProductConfigsWidget"));
     QCOMPARE(int(widget->options()), 32);
     QCOMPARE(widget->newAction()->toolTip(), QStringLiteral("New Product Configuration"));
     QCOMPARE(view->selectionMode(), QAbstractItemView::ExtendedSelection);
     QCOMPARE(view->model()->rowCount(), 3);
-    QVERIFY(!widget->editAction()->isEnabled());
+    auto run = [](const std::function<void(ProductFormDialog *)> &action, const std::function<void()> &open) {
+        FormDriver driver(action);
+        open();
+        QVERIFY(driver.ran());
+    };
 
     // New: the form opens on a fresh row, which stays only when accepted.
-    {
-        FormDriver driver([](ProductFormDialog *form) {
-            QCOMPARE(form->editType(), KvCore::NewRecord);
-            QCOMPARE(field(form, "startRevEdit")->text(), QStringLiteral("A"));
-            QCOMPARE(field(form, "hardwareConfigurationEdit")->text(), QStringLiteral("1"));
-            QVERIFY(!form->okButton()->isEnabled());
-            typeForm(form, {"P9", QString(), "B", QString()});
-            accept(form);
-        });
-        trigger(widget, widget->newAction());
-        QVERIFY(driver.ran());
-    }
+    run([](ProductFormDialog *form) {
+        QCOMPARE(form->editType(), KvCore::NewRecord);
+        QCOMPARE(QStringList({fieldText(form, 1), fieldText(form, 3)}), QStringList({"A", "1"}));
+        QVERIFY(!form->okButton()->isEnabled());
+        finishForm(form, {"P9", QString(), "B", QString()});
+    }, [&] { trigger(widget, widget->newAction()); });
     QCOMPARE(view->currentIndex().data().toString(), QStringLiteral("P9"));
-    {
-        FormDriver driver([](ProductFormDialog *form) {
-            typeForm(form, {"P8", QString(), QString(), QString()});
-            cancel(form);
-        });
-        trigger(widget, widget->newAction());
-        QVERIFY(driver.ran());
-    }
+    run([](ProductFormDialog *form) { finishForm(form, {"P8", QString(), QString(), QString()}, false); },
+        [&] { trigger(widget, widget->newAction()); });
     QCOMPARE(view->model()->rowCount(), 4);
     QCOMPARE(savedRows(), QStringList({"P1 A C 1", "P1 D F 2", "P2 A Z 1", "P9 A B 1"}));
 
-    // Edit by double click; a cancelled edit writes nothing.
-    {
-        FormDriver driver([](ProductFormDialog *form) {
-            QCOMPARE(form->editType(), KvCore::EditRecord);
-            QCOMPARE(field(form, "endRevEdit")->text(), QStringLiteral("F"));
-            typeForm(form, {QString(), QString(), "H", "3"});
-            accept(form);
-        });
-        doubleClickRow(view, viewRow(view, QStringLiteral("P1"), QStringLiteral("D")));
-        QVERIFY(driver.ran());
-        QVERIFY(!editingInPlace(view));
-    }
-    {
-        FormDriver driver([](ProductFormDialog *form) {
-            typeForm(form, {"P7", QString(), QString(), QString()});
-            cancel(form);
-        });
+    // Edit by double click, never in place; a cancelled edit changes nothing.
+    run([](ProductFormDialog *form) {
+        QCOMPARE(form->editType(), KvCore::EditRecord);
+        QCOMPARE(fieldText(form, 2), QStringLiteral("F"));
+        finishForm(form, {QString(), QString(), "H", "3"});
+    }, [&] { doubleClickRow(view, viewRow(view, QStringLiteral("P1"), QStringLiteral("D"))); });
+    QVERIFY(!view->viewport()->findChild<QLineEdit *>()); // no editor in the cell
+    run([](ProductFormDialog *form) { finishForm(form, {"P7", QString(), QString(), QString()}, false); }, [&] {
         clickRow(view, viewRow(view, QStringLiteral("P2"), QStringLiteral("A")));
         trigger(widget, widget->editAction());
-        QVERIFY(driver.ran());
-    }
+    });
     QVERIFY(viewRow(view, QStringLiteral("P2"), QStringLiteral("A")).isValid());
 
-    // Copy: the form starts with the current row, which it would overlap.
-    {
-        FormDriver driver([](ProductFormDialog *form) {
-            QCOMPARE(form->editType(), KvCore::CopyRecord);
-            QCOMPARE(field(form, "endRevEdit")->text(), QStringLiteral("Z"));
-            QVERIFY(!form->okButton()->isEnabled());
-            typeForm(form, {"P3", QString(), QString(), QString()});
-            accept(form);
-        });
-        trigger(widget, widget->copyAction());
-        QVERIFY(driver.ran());
-    }
+    // Copy: the form starts with the current row, which it overlaps until changed.
+    run([](ProductFormDialog *form) {
+        QCOMPARE(form->editType(), KvCore::CopyRecord);
+        QCOMPARE(fieldText(form, 2), QStringLiteral("Z"));
+        QVERIFY(!form->okButton()->isEnabled());
+        finishForm(form, {"P3", QString(), QString(), QString()});
+    }, [&] { trigger(widget, widget->copyAction()); });
     QCOMPARE(savedRows(), QStringList({"P1 A C 1", "P1 D H 3", "P2 A Z 1", "P3 A Z 1", "P9 A B 1"}));
 
     // Delete two rows picked with Ctrl; No keeps them.
     clickRow(view, viewRow(view, QStringLiteral("P1"), QStringLiteral("A")));
     clickRow(view, viewRow(view, QStringLiteral("P9"), QStringLiteral("A")), Qt::ControlModifier);
-    boxes.setAnswer(QMessageBox::No);
+    boxes.queueAnswers({QMessageBox::No, QMessageBox::Yes});
     trigger(widget, widget->deleteAction());
-    QCOMPARE(boxes.count(), 1);
     QCOMPARE(boxes.last().title, QStringLiteral("Delete Records"));
     QCOMPARE(boxes.last().text, QStringLiteral("Delete the 2 selected records?"));
     QCOMPARE(view->model()->rowCount(), 5);
-    boxes.setAnswer(QMessageBox::Yes);
     trigger(widget, widget->deleteAction());
     QCOMPARE(boxes.count(), 2);
     QCOMPARE(view->model()->rowCount(), 3);
     QVERIFY(!ProductsFile::instance()->isModified());
-    QCOMPARE(savedRows(), QStringList({"P1 D H 3", "P2 A Z 1", "P3 A Z 1"}));
+    editor.reset();
+    QCOMPARE(fileRows(), QStringList({"P1 D H 3", "P2 A Z 1", "P3 A Z 1"}));
 }
 
 void tst_ProductsUi::searchAndClicks()
@@ -563,45 +497,6 @@ void tst_ProductsUi::searchAndClicks()
              QStringList({"ProductConfigsWidget P2x true", "Not derived from KvSortFilterProxyModel"}));
 }
 
-void tst_ProductsUi::viewWidgetOptions_data()
-{
-    QTest::addColumn<int>("options");
-    QTest::addColumn<QList<bool>>("visible"); // new, copy, edit, delete, search
-    QTest::addColumn<bool>("formOnDoubleClick");
-
-    QTest::newRow("defaults") << 0 << QList<bool>({true, true, true, true, true}) << false;
-    QTest::newRow("edit in form") << 0x20 << QList<bool>({true, true, true, true, true}) << true;
-    QTest::newRow("no search, no new") << 0x03 << QList<bool>({false, true, true, true, false}) << false;
-    QTest::newRow("only new and search") << 0x3c << QList<bool>({true, false, false, false, true}) << true;
-}
-
-void tst_ProductsUi::viewWidgetOptions()
-{
-    QFETCH(int, options);
-    QFETCH(QList<bool>, visible);
-    QFETCH(bool, formOnDoubleClick);
-
-    QStandardItemModel model(2, 2);
-    auto *view = new KvTableView;
-    view->setModel(&model);
-    KvTableViewWidget widget(view, QStringLiteral("widget"));
-    widget.setOptions(KvTableViewWidget::Options(options));
-    widget.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&widget));
-    const QList<QAction *> actions = {widget.newAction(), widget.copyAction(), widget.editAction(),
-                                      widget.deleteAction()};
-    for (int i = 0; i < actions.size(); ++i)
-        QCOMPARE(actions.at(i)->isVisible(), visible.at(i));
-    QCOMPARE(widget.searchEdit()->isVisible(), visible.at(4));
-
-    QSignalSpy edits(&widget, &KvAbstractViewWidget::editRecordRequested);
-    doubleClickRow(view, model.index(1, 1));
-    QCOMPARE(edits.count(), formOnDoubleClick ? 1 : 0);
-    QCOMPARE(editingInPlace(view), !formOnDoubleClick);
-    if (formOnDoubleClick)
-        QCOMPARE(edits.first().first().toModelIndex(), model.index(1, 1));
-}
-
 void tst_ProductsUi::hostPageOffersFailedSaves()
 {
     MessageBoxRecorder boxes;
@@ -616,23 +511,15 @@ void tst_ProductsUi::hostPageOffersFailedSaves()
         QCOMPARE(window.pages()->tabText(tab), QStringLiteral("Product Configurations"));
         window.pages()->setCurrentIndex(tab);
         QCOMPARE(page->tableViewWidget()->view()->model()->rowCount(), 3);
-        QVERIFY(window.close());
-        QCOMPARE(boxes.count(), 0);
-        window.show();
 
         // A folder in the file's place: the save after the edit fails, and closing offers it again.
         const QString fileName = QStringLiteral("nevradat/products.dat");
-        QVERIFY(QFile::remove(fileName));
-        QVERIFY(QDir().mkdir(fileName));
-        FormDriver driver([](ProductFormDialog *form) {
-            typeForm(form, {"P5", QString(), QString(), QString()});
-            accept(form);
-        });
+        QVERIFY(QFile::remove(fileName) && QDir().mkdir(fileName));
+        FormDriver driver([](ProductFormDialog *form) { finishForm(form, {"P5", QString(), QString(), QString()}); });
         trigger(page->tableViewWidget(), page->tableViewWidget()->newAction());
         QVERIFY(driver.ran());
         QCOMPARE(boxes.count(), 1);
         QCOMPARE(boxes.last().title, QStringLiteral("Error Saving File"));
-        QVERIFY(ProductsFile::instance()->isModified());
 
         boxes.setAnswer(QMessageBox::Cancel);
         QVERIFY(!window.close());
