@@ -16,6 +16,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <functional>
 
 class KvAbstractViewWidgetsContainerPrivate
 {
