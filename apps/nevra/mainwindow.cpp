@@ -4,8 +4,10 @@
 
 #include "audiopage.h"
 #include "classes/nvroptions.h"
+#include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "widgets/productstableeditwidget.h"
 #include "widgets/rtstableeditwidget.h"
 #include "widgets/tableeditwidget.h"
 #include "optionspage.h"
@@ -49,6 +51,8 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
+    addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
+            [] { return ProductsFile::instance()->maybeSave(); });
     addPage(new AudioPage(this), tr("Audio"));
     addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
     addPage(new PicturePage(m_pages), tr("Picture"));

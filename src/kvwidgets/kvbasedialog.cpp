@@ -20,6 +20,8 @@ KvBaseDialog::KvBaseDialog(QWidget *parent) : QDialog(parent), d(new KvBaseDialo
     d->buttonBox = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
     d->buttonBox->setObjectName(QStringLiteral("buttonBox"));
     d->mainLayout->addWidget(d->buttonBox);
+    // Return must never cancel: without this, Cancel becomes the default button while OK is disabled.
+    d->buttonBox->button(QDialogButtonBox::Cancel)->setAutoDefault(false);
     connect(d->buttonBox, &QDialogButtonBox::accepted, this, &KvBaseDialog::accept);
     connect(d->buttonBox, &QDialogButtonBox::rejected, this, &KvBaseDialog::reject);
 }

@@ -23,6 +23,7 @@ class KvBaseDialogPrivate;
  * onDataChanged(). The hook runs once, when the dialog is first shown, so
  * that values set between construction and exec() are tested too; OK is
  * enabled exactly while isValid() holds, and accept() refuses otherwise.
+ * Return presses OK, never Cancel.
  */
 class KVWIDGETS_EXPORT KvBaseDialog : public QDialog
 {

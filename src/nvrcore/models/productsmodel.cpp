@@ -100,10 +100,16 @@ bool ProductsModel::revsOverlap(int row, const QString &startRev, const QString 
         const QString otherEnd = text(other, EndRev);
         LOG_TRACE(QStringLiteral("%1 %2 || %3 %4").arg(startRev, endRev, otherStart, otherEnd));
         // Every row is looked at, so that the log shows every comparison.
-        if (otherStart <= startRev ? startRev <= otherEnd : otherStart <= endRev)
+        if (rangesOverlap(startRev, endRev, otherStart, otherEnd))
             overlap = true;
     }
     return overlap;
+}
+
+bool ProductsModel::rangesOverlap(const QString &startRev, const QString &endRev, const QString &otherStart,
+                                  const QString &otherEnd)
+{
+    return otherStart <= startRev ? startRev <= otherEnd : otherStart <= endRev;
 }
 
 QStringList ProductsModel::buildConfigurations(const QString &productNumber) const

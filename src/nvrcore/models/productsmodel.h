@@ -33,6 +33,9 @@ public:
 
     /// Whether startRev..endRev for row collides with another range of the row's product.
     bool revsOverlap(int row, const QString &startRev, const QString &endRev) const;
+    /// Whether the range startRev..endRev shares a revision with otherStart..otherEnd.
+    static bool rangesOverlap(const QString &startRev, const QString &endRev, const QString &otherStart,
+                              const QString &otherEnd);
     /// Every revision letter of the product's ranges, sorted; only "A" for an unknown product.
     QStringList buildConfigurations(const QString &productNumber) const;
     QStringList buildConfigurations(const QModelIndex &index) const;
