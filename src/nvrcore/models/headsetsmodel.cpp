@@ -190,7 +190,7 @@ QVariant HeadSetsModel::data(const QModelIndex &index, int role) const
         switch (index.column()) {
         case PhonesLevelColumn:
         case MicLevelColumn:
-            return tr("%1 Vrms").arg(field(headSet, index.column()));
+            return tr("%1 Vrms").arg(headSet.*textField(index.column()));
         case PhonesImpedanceColumn:
             return tr("%1 Ohms").arg(headSet.phonesImpedance);
         default:
@@ -202,7 +202,7 @@ QVariant HeadSetsModel::data(const QModelIndex &index, int role) const
             return headSet.id;
         if (index.column() == SelectStringColumn)
             return selectString(headSet);
-        return field(headSet, index.column());
+        return headSet.*textField(index.column());
     default:
         return QVariant();
     }
@@ -249,11 +249,12 @@ bool HeadSetsModel::setData(const QModelIndex &index, const QVariant &value, int
         headSet.id = value.toInt();
     } else {
         // Committing an unchanged cell must not find the record itself a duplicate.
-        if (field(headSet, index.column()) == text)
+        QString &field = headSet.*textField(index.column());
+        if (field == text)
             return false;
         if (!check(index, text))
             return false;
-        field(headSet, index.column()) = text;
+        field = text;
     }
     m_modified = true;
     const bool inSummary = index.column() != PhonesDescriptionColumn && index.column() != MicDescriptionColumn;
@@ -412,7 +413,7 @@ HeadSetsModel::HeadSet HeadSetsModel::fromList(const QStringList &list)
     HeadSet headSet;
     headSet.id = list.value(0).toInt();
     for (int column = ManufacturerColumn; column <= MicDescriptionColumn; ++column)
-        field(headSet, column) = list.value(column);
+        headSet.*textField(column) = list.value(column);
     return headSet;
 }
 
@@ -420,33 +421,30 @@ QStringList HeadSetsModel::toList(const HeadSet &headSet)
 {
     QStringList list{QString::number(headSet.id)};
     for (int column = ManufacturerColumn; column <= MicDescriptionColumn; ++column)
-        list.append(field(headSet, column));
+        list.append(headSet.*textField(column));
     return list;
 }
 
-QString &HeadSetsModel::field(HeadSet &headSet, int column)
+QString HeadSetsModel::HeadSet::*HeadSetsModel::textField(int column)
 {
     switch (column) {
     case ManufacturerColumn:
-        return headSet.name;
+        return &HeadSet::name;
     case ModelColumn:
-        return headSet.model;
+        return &HeadSet::model;
     case PhonesLevelColumn:
-        return headSet.phonesLevel;
+        return &HeadSet::phonesLevel;
     case PhonesImpedanceColumn:
-        return headSet.phonesImpedance;
+        return &HeadSet::phonesImpedance;
     case PhonesDescriptionColumn:
-        return headSet.phonesDescription;
+        return &HeadSet::phonesDescription;
     case MicLevelColumn:
-        return headSet.micLevel;
+        return &HeadSet::micLevel;
+    case MicDescriptionColumn:
+        return &HeadSet::micDescription;
     default:
-        return headSet.micDescription;
+        return nullptr;
     }
-}
-
-const QString &HeadSetsModel::field(const HeadSet &headSet, int column)
-{
-    return field(const_cast<HeadSet &>(headSet), column);
 }
 
 QVector<HeadSetsModel::HeadSet> HeadSetsModel::readRecords(const QSettings &settings)

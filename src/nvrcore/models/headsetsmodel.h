@@ -122,8 +122,8 @@ private:
 
     static HeadSet fromList(const QStringList &list);
     static QStringList toList(const HeadSet &headSet);
-    static QString &field(HeadSet &headSet, int column);
-    static const QString &field(const HeadSet &headSet, int column);
+    /// The member that holds the text of column; null for the id and the summary.
+    static QString HeadSet::*textField(int column);
     /// The records under keys 0 to count - 1 of the open group; missing keys are skipped.
     static QVector<HeadSet> readRecords(const QSettings &settings);
     /// Shows why an edit is refused and returns false.
