@@ -16,9 +16,12 @@ LibraryTableView::~LibraryTableView() = default;
 
 void LibraryTableView::setModel(QAbstractItemModel *model)
 {
+    disconnect(m_resetConnection);
     KvTableView::setModel(model);
     if (!model)
         return;
+    // A reset that changes the columns (reverting a library whose file has gone) shows them all again.
+    m_resetConnection = connect(model, &QAbstractItemModel::modelReset, this, &LibraryTableView::hideComputedColumns);
     resizeColumnsToContents();
     // A saved layout, when known, wins over the sizes just measured.
     restoreState();

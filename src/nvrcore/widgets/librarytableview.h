@@ -41,6 +41,7 @@ private:
     void hideComputedColumns();
 
     QList<int> m_hiddenColumns;
+    QMetaObject::Connection m_resetConnection;
 };
 
 #endif
