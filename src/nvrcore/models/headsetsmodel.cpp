@@ -473,8 +473,10 @@ bool HeadSetsModel::check(const QModelIndex &index, const QString &text) const
     case ModelColumn: {
         const QString newName = index.column() == ManufacturerColumn ? text : name(index);
         const QString newModel = index.column() == ModelColumn ? text : model(index);
-        if (locate(newName, newModel).isValid())
-            return refuse(tr("Duplicate Record"), tr("The name %1 %2 already exists in the file.").arg(newName, newModel));
+        if (locate(newName, newModel).isValid()) {
+            return refuse(tr("Duplicate Record"),
+                          tr("The name %1 %2 already exists in the file.").arg(newName, newModel));
+        }
         return true;
     }
     case PhonesLevelColumn: {
