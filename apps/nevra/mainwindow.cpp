@@ -3,16 +3,34 @@
 #include "mainwindow.h"
 
 #include "audiopage.h"
+#include "optionspage.h"
+#include "picturepage.h"
+#include "terminalpage.h"
+
 #include "classes/nvroptions.h"
 #include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "models/audiosystemsmodel.h"
+#include "models/bluetoothdevices.h"
+#include "models/headsetsmodel.h"
+#include "models/legendsconverttablemodel.h"
+#include "models/lowimpedanceintercomsmodel.h"
+#include "models/musicsystemsmodel.h"
+#include "models/nonaircraftradios.h"
+#include "models/nvrlibraries.h"
+#include "models/serialdatadevices.h"
+#include "widgets/audiosystemstableeditwidget.h"
+#include "widgets/bluetoothdevicestableeditwidget.h"
+#include "widgets/headsetstableeditwidget.h"
+#include "widgets/legendsconverttableeditwidget.h"
+#include "widgets/lowimpedanceintercomstableeditwidget.h"
+#include "widgets/musicsystemstableeditwidget.h"
+#include "widgets/nonaircraftradiostableeditwidget.h"
 #include "widgets/productstableeditwidget.h"
 #include "widgets/rtstableeditwidget.h"
+#include "widgets/serialdatadevicestableeditwidget.h"
 #include "widgets/tableeditwidget.h"
-#include "optionspage.h"
-#include "picturepage.h"
-#include "terminalpage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -51,6 +69,22 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
+    addPage(new HeadSetsTableEditWidget(m_pages), tr("Headsets"),
+            [] { return NvrLibraries::headSets()->askToSave(true); });
+    addPage(new AudioSystemsTableEditWidget(m_pages), tr("Audio Systems"),
+            [] { return AudioSystemsModel::instance()->askToSave(true); });
+    addPage(new LowImpedanceIntercomsTableEditWidget(m_pages), tr("Intercoms"),
+            [] { return LowImpedanceIntercomsModel::instance()->askToSave(true); });
+    addPage(new MusicSystemsTableEditWidget(m_pages), tr("Music Systems"),
+            [] { return MusicSystemsModel::instance()->askToSave(true); });
+    addPage(new BluetoothDevicesTableEditWidget(m_pages), tr("Bluetooth Devices"),
+            [] { return NvrLibraries::bluetoothDevices()->askToSave(true); });
+    addPage(new NonAircraftRadiosTableEditWidget(m_pages), tr("Non-Aircraft Radios"),
+            [] { return NvrLibraries::nonAircraftRadios()->askToSave(true); });
+    addPage(new SerialDataDevicesTableEditWidget(m_pages), tr("Serial Data Devices"),
+            [] { return NvrLibraries::serialDataDevices()->askToSave(true); });
+    addPage(new LegendsConvertTableEditWidget(m_pages), tr("Legends"),
+            [] { return NvrLibraries::legends()->askToSave(true); });
     addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
             [] { return ProductsFile::instance()->maybeSave(); });
     addPage(new AudioPage(this), tr("Audio"));

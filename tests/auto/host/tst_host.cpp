@@ -2,18 +2,37 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
 #include "classes/rtsfile.h"
+#include "kvtableview.h"
 #include "mainwindow.h"
 #include "messageboxrecorder.h"
+#include "models/audiosystemsmodel.h"
+#include "models/lowimpedanceintercomsmodel.h"
+#include "models/musicsystemsmodel.h"
+#include "models/nvrlibraries.h"
 #include "testappdir.h"
+#include "widgets/tableeditwidget.h"
 
 #include <QAction>
 #include <QDialog>
 #include <QLabel>
 #include <QProcess>
 #include <QSpinBox>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+
+namespace {
+/// Frees every library, so that the next window reads them from their files.
+void destroyLibraries()
+{
+    RtsFile::destroyInstance();
+    AudioSystemsModel::destroyInstance();
+    LowImpedanceIntercomsModel::destroyInstance();
+    MusicSystemsModel::destroyInstance();
+    NvrLibraries::destroyAll();
+}
+}
 
 class tst_Host : public QObject
 {
@@ -21,10 +40,12 @@ class tst_Host : public QObject
 private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
+    void cleanup();
     void headlessStartExits();
     void statusFollowsThePorts();
     void optionsDialogFromTheMenu();
     void closingOffersToSaveTheLibraries();
+    void everyLibraryPageAsksBeforeClosing();
 };
 
 void tst_Host::initTestCase()
@@ -35,6 +56,12 @@ void tst_Host::initTestCase()
 void tst_Host::cleanupTestCase()
 {
     TestAppDir::cleanup();
+}
+
+void tst_Host::cleanup()
+{
+    destroyLibraries();
+    TestAppDir::clearData();
 }
 
 void tst_Host::headlessStartExits()
@@ -110,6 +137,42 @@ void tst_Host::closingOffersToSaveTheLibraries()
     QVERIFY(window.close());
     QCOMPARE(boxes.count(), 2);
     RtsFile::destroyInstance();
+}
+
+void tst_Host::everyLibraryPageAsksBeforeClosing()
+{
+    NvrOptions options({QStringLiteral("nevra")});
+    MainWindow window(&options);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    MessageBoxRecorder boxes(QMessageBox::Cancel);
+    QStringList editors;
+    for (int page = 0; page < window.pages()->count(); ++page) {
+        auto *editor = qobject_cast<TableEditWidget *>(window.pages()->widget(page));
+        if (!editor)
+            continue;
+        editors << editor->objectName();
+        if (editor->objectName() == QLatin1String("RtsTableEditWidget"))
+            continue; // tested above
+        // An unsaved library keeps the window open when its question is cancelled.
+        QAbstractItemModel *model = editor->tableView()->model();
+        QVERIFY(model->insertRows(model->rowCount(), 1));
+        const int asked = boxes.count();
+        QVERIFY(!window.close());
+        QVERIFY(window.isVisible());
+        QCOMPARE(boxes.count(), asked + 1);
+        QVERIFY2(boxes.last().text.contains(model->objectName()), qPrintable(boxes.last().text));
+        boxes.setAnswer(QMessageBox::Save);
+        QVERIFY(window.close());
+        QCOMPARE(boxes.count(), asked + 2);
+        boxes.setAnswer(QMessageBox::Cancel);
+        window.show();
+    }
+    for (const char *name : {"RtsTableEditWidget", "HeadSetsTableEditWidget", "AudioSystemsTableEditWidget",
+                             "LowImpedanceIntercomsTableEditWidget", "MusicSystemsTableEditWidget",
+                             "BluetoothDevicesTableEditWidget", "NonAircraftRadiosTableEditWidget",
+                             "SerialDataDevicesTableEditWidget", "LegendsConvertTableEditWidget"})
+        QVERIFY2(editors.count(QLatin1String(name)) == 1, name);
 }
 
 QTEST_MAIN(tst_Host)
