@@ -3,6 +3,7 @@
 #include "nvrcsvmodel.h"
 
 #include "kvcore.h"
+#include "savequestion_p.h"
 
 #include <QBrush>
 #include <QColor>
@@ -67,24 +68,7 @@ bool NvrCsvModel::askToSave(const bool &canCancel)
 {
     if (!m_modified)
         return true;
-    QMessageBox box;
-    box.setText(tr("The file '%1' has been modified.").arg(objectName()));
-    box.setInformativeText(tr("Do you want to save your changes?"));
-    box.setIcon(QMessageBox::Question);
-    QMessageBox::StandardButtons buttons = QMessageBox::Save | QMessageBox::Discard;
-    if (canCancel)
-        buttons |= QMessageBox::Cancel;
-    box.setStandardButtons(buttons);
-    box.setDefaultButton(QMessageBox::Save);
-    switch (box.exec()) {
-    case QMessageBox::Save:
-        submit();
-        return true;
-    case QMessageBox::Cancel:
-        return false;
-    default:
-        return true;
-    }
+    return askToSaveChanges(tr("The file '%1' has been modified.").arg(objectName()), canCancel, [this] { submit(); });
 }
 
 QVariant NvrCsvModel::data(const QModelIndex &index, int role) const
