@@ -358,7 +358,7 @@ int NvrTool::ports(const QStringList &arguments)
     const QMap<int, QString> map = SerialPort::availablePorts();
     QByteArray text;
     for (auto it = map.cbegin(); it != map.cend(); ++it)
-        text += QStringLiteral("%1\t%2\n").arg(it.key()).arg(it.value()).toUtf8();
+        text += QStringLiteral("%1\t%2\n").arg(it.key()).arg(it.value().trimmed()).toUtf8();
     print(text);
     return Success;
 }
