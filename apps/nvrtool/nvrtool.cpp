@@ -230,7 +230,9 @@ int NvrTool::header(const QStringList &arguments)
     if (action == QLatin1String("encode"))
         return headerEncode(rest);
     if (action == QLatin1String("--help") || action == QLatin1String("-h")) {
-        print("Usage: nvrtool header decode|encode [options]\n");
+        print("Usage: nvrtool header decode FILE [--html]\n"
+              "       nvrtool header encode --model TEXT --serial TEXT [options] -o FILE\n"
+              "'nvrtool header decode --help' and 'nvrtool header encode --help' describe the options.\n");
         return Success;
     }
     return usageError(action.isEmpty() ? QStringLiteral("header: decode or encode expected")
