@@ -6,9 +6,12 @@
 #include "classes/rtsfile.h"
 #include "models/audiosystemsmodel.h"
 #include "models/bluetoothdevices.h"
+#include "models/headsetsmodel.h"
+#include "models/legendsconverttablemodel.h"
 #include "models/lowimpedanceintercomsmodel.h"
 #include "models/musicsystemsmodel.h"
 #include "models/nonaircraftradios.h"
+#include "models/nvrlibraries.h"
 #include "models/productsmodel.h"
 #include "models/rtstablemodel.h"
 #include "models/serialdatadevices.h"
@@ -88,6 +91,9 @@ constexpr LibraryTable::Entry owned(const char *name)
 const LibraryTable::Entry s_libraries[] = {
     singleton<AudioSystemsModel>("audiosystems"),
     owned<BluetoothDevices>("bluetoothdevices"),
+    {"headsets", [] { return static_cast<QAbstractItemModel *>(NvrLibraries::headSets()); }, &NvrLibraries::destroyAll},
+    {"legendsconvert", [] { return static_cast<QAbstractItemModel *>(NvrLibraries::legends()); },
+     &NvrLibraries::destroyAll},
     singleton<LowImpedanceIntercomsModel>("lowimpedance-intercoms"),
     singleton<MusicSystemsModel>("musicsystems"),
     owned<NonAircraftRadios>("non-aircraftradios"),

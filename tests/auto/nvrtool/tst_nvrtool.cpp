@@ -405,6 +405,17 @@ void tst_NvrTool::libraryExport()
     QVERIFY2(result.out.startsWith("Id,Manufacturer,Model,"), result.out);
     QVERIFY2(result.out.contains("\n0,Radio Not Installed,"), result.out);
 
+    // Headsets are rebuilt from their factory table; legends read their file.
+    result = runTool({lib, exportAction, QStringLiteral("headsets"), dataOption, data});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.out.startsWith("Id,Manufacturer,Model,"), result.out);
+    QVERIFY2(result.out.contains("\n1,Default Headset,"), result.out);
+    QVERIFY(writeFile(data + QLatin1String("/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
+    result = runTool({lib, exportAction, QStringLiteral("legendsconvert"), QStringLiteral("--format"),
+                      QStringLiteral("json"), dataOption, data});
+    QCOMPARE(result.exitCode, 0);
+    QVERIFY2(result.out.contains("\"COM 1\""), result.out);
+
     result = runTool({lib, exportAction, QStringLiteral("headphones"), dataOption, data});
     VERIFY_ONE_LINE_ERROR(result, 1, "unknown library: headphones");
     result = runTool({lib, exportAction, QStringLiteral("radios"), QStringLiteral("--format"), QStringLiteral("xml"),
