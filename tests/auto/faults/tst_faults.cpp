@@ -5,12 +5,11 @@
 // have gone, a full disk, a serial peer that dies mid-transfer, a sound tool
 // that is killed or never finishes. The tests run as root, so permissions
 // cannot provoke these; each failure is made for real instead.
+#include "classes/nvrwav.h"
 #include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "classes/serialport.h"
 #include "classes/soxprocess.h"
-#include "classes/nvrwav.h"
-#include "kvcore.h"
 #include "logcapture.h"
 #include "messageboxrecorder.h"
 #include "models/audiosystemsmodel.h"
