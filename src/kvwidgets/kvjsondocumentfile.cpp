@@ -264,7 +264,9 @@ bool KvJsonDocumentFile::saveToJsonFile(const QString &fileName, bool showErrors
         KvWaitCursor wait;
         const QByteArray bytes = toJsonDocument().toJson(QJsonDocument::Indented);
         QSaveFile file(fileName);
-        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        // commit() does not see a flush that wrote only part of the buffer
+        // (a full disk), and would replace the file with that part.
+        if (!file.open(QFile::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() || !file.commit())
             error = file.errorString();
     }
     if (error.isEmpty())

@@ -35,7 +35,23 @@ void LookUpTable::readData()
     QSettings settings(m_fileName, QSettings::IniFormat);
     settings.beginGroup(m_group);
     const int count = settings.value(QStringLiteral("count")).toInt();
-    for (int i = 0; i < count; ++i) {
+    // The count comes from the file: a huge one must not walk billions of
+    // keys that are not there, so the walk ends at the last entry present.
+    int end = 0;
+    const QStringList keys = settings.childKeys();
+    for (const QString &key : keys) {
+        bool isNumber = false;
+        const int i = key.toInt(&isNumber);
+        if (isNumber && i >= end && i < count && key == QString::number(i))
+            end = i + 1;
+    }
+    if (end < count) {
+        LOG_ERROR(QStringLiteral("%1 [%2]: count is %3, but entries end at %4; the rest skipped.")
+                      .arg(m_fileName, m_group)
+                      .arg(count)
+                      .arg(end));
+    }
+    for (int i = 0; i < end; ++i) {
         const QString key = QString::number(i);
         const QStringList items = settings.value(key).toStringList();
         if (items.size() < 2) {

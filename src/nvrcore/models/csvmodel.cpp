@@ -274,7 +274,9 @@ void CsvModel::toCSV(const QString &fileName, bool withHeader, QChar separator)
     QSaveFile file(fileName);
     if (!file.open(QIODevice::WriteOnly))
         return;
-    if (write(&file, withHeader, separator))
+    // A write that fits the device's buffer only fails at the flush, and
+    // commit() would still replace the file with the part that went out.
+    if (write(&file, withHeader, separator) && file.flush())
         file.commit();
 }
 

@@ -192,6 +192,19 @@ void tst_CsvModel::failedSaveKeepsThePreviousFile()
     QCOMPARE(readFile(path), previous);
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("kept.csv")});
 
+    // A table that fits the write buffer fails only at the flush, which
+    // must not let the cut file replace the old one either.
+    QByteArray small("A,B\nnew,row\n");
+    QBuffer smallSource(&small);
+    model.setSource(&smallSource);
+    limited.rlim_cur = 8;
+    std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    QVERIFY(model.submit());
+    setrlimit(RLIMIT_FSIZE, &saved);
+    std::signal(SIGXFSZ, oldHandler);
+    QCOMPARE(readFile(path), previous);
+
     model.toCSV(path + QStringLiteral("/inside.csv")); // a path through a regular file
     QCOMPARE(readFile(path), previous);
     QVERIFY(model.submit());

@@ -78,6 +78,9 @@ void tst_LookUpTable::badFiles_data()
                                     << QByteArray::fromHex("0109") << skipped.arg("%1", "1");
     QTest::newRow("missing key") << QByteArray("[volume]\ncount=2\n1=9,09\n") << QStringList({"9"})
                                  << QByteArray::fromHex("09") << skipped.arg("%1", "0");
+    QTest::newRow("count far beyond the entries")
+        << QByteArray("[volume]\ncount=2147483647\n0=1,01\n") << QStringList({"1"}) << QByteArray::fromHex("01")
+        << QStringLiteral("%1 [volume]: count is 2147483647, but entries end at 1; the rest skipped.");
     QTest::newRow("not an ini file") << QByteArray("\x00\x01\xff garbage ===\n", 16) << QStringList() << QByteArray()
                                      << QString();
 }

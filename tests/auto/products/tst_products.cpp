@@ -18,6 +18,9 @@
 #include <QTest>
 #include <QTimer>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace {
 /// A second kind of document, as another running application would hold it.
 class NoteFile : public KvJsonDocumentFile
@@ -93,6 +96,7 @@ private Q_SLOTS:
     void badFiles();
     void twoApplicationsCannotBothWrite();
     void promptsAndFailures();
+    void fullDiskKeepsTheSavedFile();
     void instanceLoadsAtOnce();
 
 private:
@@ -388,6 +392,34 @@ void tst_Products::promptsAndFailures()
     QVERIFY(file->openFile(m_path));
     QCOMPARE(rows(), QStringList({"NEW B C 2"}));
     QVERIFY(!QApplication::overrideCursor());
+}
+
+void tst_Products::fullDiskKeepsTheSavedFile()
+{
+    // A document small enough to sit in the write buffer fails only when it
+    // is flushed; the old file must stay, not be replaced by a cut copy.
+    QTemporaryDir dir;
+    const QString path = dir.filePath(QStringLiteral("note.json"));
+    NoteFile note;
+    note.content = QJsonObject{{"text", "saved"}};
+    QVERIFY(note.saveToJsonFile(path, false));
+    const QByteArray saved = readAll(path);
+    note.content = QJsonObject{{"text", "a longer text that does not fit"}};
+
+    MessageBoxRecorder boxes;
+    rlimit normal{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &normal), 0);
+    rlimit limited = normal;
+    limited.rlim_cur = 8;
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &limited), 0);
+    const bool written = note.saveToJsonFile(path, true);
+    setrlimit(RLIMIT_FSIZE, &normal);
+    std::signal(SIGXFSZ, oldHandler);
+    QVERIFY(!written);
+    QCOMPARE(readAll(path), saved);
+    QCOMPARE(boxes.count(), 1);
+    QCOMPARE(boxes.last().title, QStringLiteral("Error Saving File"));
 }
 
 void tst_Products::instanceLoadsAtOnce()

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+// Bytes as a CSV file: load with or without a header line and with one of
+// the separators in use, read every cell, edit some, and write it all back.
+#include "fuzzsupport.h"
+
+#include "models/csvmodel.h"
+
+#include <QBuffer>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    FuzzSupport::init();
+    if (size < 1)
+        return 0;
+    const bool withHeader = data[0] & 1;
+    static const char separators[] = {',', ';', '\t', '|'};
+    const QChar separator = QLatin1Char(separators[(data[0] >> 1) & 3]);
+    QByteArray bytes = FuzzSupport::bytes(data + 1, size - 1);
+    QBuffer source(&bytes);
+
+    CsvModel model;
+    model.setSource(&source, withHeader, separator);
+    for (int c = 0; c < model.columnCount(); ++c)
+        model.headerData(c, Qt::Horizontal);
+    for (int r = 0; r < model.rowCount(); ++r) {
+        for (int c = 0; c < model.columnCount(); ++c) {
+            const QModelIndex index = model.index(r, c);
+            const QString text = index.data().toString();
+            if ((r + c) % 3 == 0)
+                model.setData(index, text + QLatin1Char('x'));
+        }
+    }
+    QBuffer target;
+    model.toCSV(&target, withHeader, separator);
+    target.close();
+    model.setSource(&target, withHeader, separator);
+    return 0;
+}

@@ -1,0 +1,58 @@
+// SPDX-FileCopyrightText: 2026 The nvrcore developers
+// SPDX-License-Identifier: LicenseRef-Proprietary
+#include "fuzzsupport.h"
+
+#include "kvcore.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+#include <cstdlib>
+
+namespace {
+QTemporaryDir *s_appDir = nullptr;
+}
+
+void FuzzSupport::init()
+{
+    if (s_appDir)
+        return;
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    qputenv("QT_LOGGING_RULES", "*=false");
+    // The application and its folder live until the process ends: libFuzzer
+    // leaves through exit(), and the folder goes with an atexit handler.
+    static int argc = 1;
+    static char name[] = "nvrfuzz";
+    static char *argv[] = {name, nullptr};
+    new QApplication(argc, argv);
+    QStandardPaths::setTestModeEnabled(true);
+    QCoreApplication::setOrganizationName(QStringLiteral("NvrFuzz"));
+    s_appDir = new QTemporaryDir;
+    std::atexit([] { delete s_appDir; });
+    KvCore::setApplicationDirPath(s_appDir->path());
+    QDir dir(s_appDir->path());
+    dir.mkpath(QStringLiteral("nevradat"));
+    dir.mkpath(QStringLiteral("tmp"));
+    // Libraries that follow the working directory look there too.
+    QDir::setCurrent(s_appDir->path());
+}
+
+QString FuzzSupport::filePath(const QString &relative)
+{
+    return QDir(s_appDir->path()).filePath(relative);
+}
+
+void FuzzSupport::writeFile(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    if (!file.open(QFile::WriteOnly | QFile::Truncate) || file.write(bytes) != bytes.size())
+        std::abort();
+}
+
+QByteArray FuzzSupport::bytes(const uint8_t *data, size_t size)
+{
+    return QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size));
+}
