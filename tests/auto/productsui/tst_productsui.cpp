@@ -8,6 +8,7 @@
 #include "kvtableviewwidget.h"
 #include "logcapture.h"
 #include "mainwindow.h"
+#include "formdriver.h"
 #include "messageboxrecorder.h"
 #include "models/productsmodel.h"
 #include "testappdir.h"
@@ -131,32 +132,6 @@ void typeForm(ProductFormDialog *form, const QStringList &values)
     }
 }
 
-/// Plays the user in the next modal product form; a form left open by a failed check is cancelled.
-class FormDriver
-{
-public:
-    explicit FormDriver(std::function<void(ProductFormDialog *)> action) : m_action(std::move(action))
-    {
-        m_timer.setInterval(10);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            auto *form = qobject_cast<ProductFormDialog *>(QApplication::activeModalWidget());
-            if (!form || !form->isVisible())
-                return;
-            m_timer.stop();
-            m_ran = true;
-            m_action(form);
-            if (form->isVisible() && QTest::currentTestFailed())
-                form->reject();
-        });
-        m_timer.start();
-    }
-    bool ran() const { return m_ran; }
-
-private:
-    std::function<void(ProductFormDialog *)> m_action;
-    QTimer m_timer;
-    bool m_ran = false;
-};
 
 /// Fills the form and presses OK, or Cancel.
 void finishForm(ProductFormDialog *form, const QStringList &values, bool ok = true)
@@ -391,7 +366,7 @@ void tst_ProductsUi::editorEndToEnd()
     QCOMPARE(view->selectionMode(), QAbstractItemView::ExtendedSelection);
     QCOMPARE(view->model()->rowCount(), 3);
     auto run = [](const std::function<void(ProductFormDialog *)> &action, const std::function<void()> &open) {
-        FormDriver driver(action);
+        FormDriver<ProductFormDialog> driver(action);
         open();
         QVERIFY(driver.ran());
     };
@@ -515,7 +490,7 @@ void tst_ProductsUi::hostPageOffersFailedSaves()
         // A folder in the file's place: the save after the edit fails, and closing offers it again.
         const QString fileName = QStringLiteral("nevradat/products.dat");
         QVERIFY(QFile::remove(fileName) && QDir().mkdir(fileName));
-        FormDriver driver([](ProductFormDialog *form) { finishForm(form, {"P5", QString(), QString(), QString()}); });
+        FormDriver<ProductFormDialog> driver([](ProductFormDialog *form) { finishForm(form, {"P5", QString(), QString(), QString()}); });
         trigger(page->tableViewWidget(), page->tableViewWidget()->newAction());
         QVERIFY(driver.ran());
         QCOMPARE(boxes.count(), 1);

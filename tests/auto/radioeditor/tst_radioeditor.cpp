@@ -3,6 +3,7 @@
 #include "classes/rtsfile.h"
 #include "dialogs/rtformdialog.h"
 #include "logcapture.h"
+#include "formdriver.h"
 #include "messageboxrecorder.h"
 #include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
@@ -57,37 +58,6 @@ void retype(QLineEdit *edit, const QString &text)
     else
         QTest::keyClicks(edit, text);
 }
-
-/**
- * Plays the user in the modal radio form: once a form is open, runs the
- * action on it from the form's own event loop. A form the action leaves
- * open after a failed check is cancelled, so the test cannot hang on it.
- */
-class FormDriver
-{
-public:
-    explicit FormDriver(std::function<void(RtFormDialog *)> action) : m_action(std::move(action))
-    {
-        m_timer.setInterval(10);
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            auto *form = qobject_cast<RtFormDialog *>(QApplication::activeModalWidget());
-            if (!form || !form->isVisible())
-                return;
-            m_timer.stop();
-            m_ran = true;
-            m_action(form);
-            if (form->isVisible() && QTest::currentTestFailed())
-                form->reject();
-        });
-        m_timer.start();
-    }
-    bool ran() const { return m_ran; }
-
-private:
-    std::function<void(RtFormDialog *)> m_action;
-    QTimer m_timer;
-    bool m_ran = false;
-};
 
 QModelIndex viewIndexOf(RtsTableView *view, int id, int column)
 {
@@ -230,7 +200,7 @@ void tst_RadioEditor::newRecordEndToEnd()
         QVERIFY(view->isColumnHidden(RtsTableModel::SelectStringColumn));
         QCOMPARE(view->model()->rowCount(), 74);
 
-        FormDriver driver([&](RtFormDialog *form) {
+        FormDriver<RtFormDialog> driver([&](RtFormDialog *form) {
             QCOMPARE(form->editType(), KvCore::NewRecord);
             auto *manufacturer = field<QLineEdit>(form, "manufacturerEdit");
             auto *model = field<QLineEdit>(form, "modelEdit");
@@ -299,7 +269,7 @@ void tst_RadioEditor::cancelledNewRecordLeavesNothing()
     auto *newButton = editor.findChild<QPushButton *>(QStringLiteral("newButton"));
 
     {
-        FormDriver driver([](RtFormDialog *form) {
+        FormDriver<RtFormDialog> driver([](RtFormDialog *form) {
             QTest::mouseClick(form->buttonBox()->button(QDialogButtonBox::Cancel), Qt::LeftButton);
         });
         QTest::mouseClick(newButton, Qt::LeftButton);
@@ -309,7 +279,7 @@ void tst_RadioEditor::cancelledNewRecordLeavesNothing()
     QCOMPARE(model->nextUserRtId(), 200);
 
     // The type is written at once, so the model's rules show in the open form.
-    FormDriver driver([model](RtFormDialog *form) {
+    FormDriver<RtFormDialog> driver([model](RtFormDialog *form) {
         auto *include = field<QCheckBox>(form, "includeInRxListCheckBox");
         QVERIFY(include->isEnabled() && !include->isChecked());
         QTest::keyClick(field<QComboBox>(form, "typeComboBox"), Qt::Key_Down);
@@ -345,7 +315,7 @@ void tst_RadioEditor::editExistingRecords()
     QVERIFY(!editButton->isEnabled());
     clickCell(view, viewIndexOf(view, 200, RtsTableModel::ModelColumn));
     QVERIFY(editButton->isEnabled());
-    FormDriver driver([](RtFormDialog *form) {
+    FormDriver<RtFormDialog> driver([](RtFormDialog *form) {
         QCOMPARE(form->editType(), KvCore::EditRecord);
         QCOMPARE(field<QLineEdit>(form, "modelEdit")->text(), QStringLiteral("R1"));
         QVERIFY(field<QLabel>(form, "duplicateLabel")->isHidden());
@@ -360,7 +330,7 @@ void tst_RadioEditor::editExistingRecords()
     // A library transceiver opens with only its include flag editable.
     clickCell(view, viewIndexOf(view, 14, RtsTableModel::IncludeInRxListColumn));
     QVERIFY(editButton->isEnabled());
-    FormDriver baseDriver([](RtFormDialog *form) {
+    FormDriver<RtFormDialog> baseDriver([](RtFormDialog *form) {
         QVERIFY(field<QLineEdit>(form, "manufacturerEdit")->isReadOnly());
         QVERIFY(field<QLineEdit>(form, "rxLevelEdit")->isReadOnly());
         QVERIFY(!field<QComboBox>(form, "typeComboBox")->isEnabled());
@@ -378,7 +348,7 @@ void tst_RadioEditor::fullListRefusesNewRecord()
         RtsFile::instance()->appendNew(id, QStringLiteral("Acme"), QString::number(id), Rt::Transceiver,
                                        QStringLiteral("5.00"), QString(), QStringLiteral("0.100"), QString(), 0);
     RtsTableEditWidget editor;
-    FormDriver driver([](RtFormDialog *form) { form->reject(); });
+    FormDriver<RtFormDialog> driver([](RtFormDialog *form) { form->reject(); });
     QTest::mouseClick(editor.findChild<QPushButton *>(QStringLiteral("newButton")), Qt::LeftButton);
     QCOMPARE(boxes.count(), 1);
     QCOMPARE(boxes.last().text, QStringLiteral("The list is full!"));
