@@ -225,25 +225,14 @@ void tst_HeadSets::recordsAndFiles()
     QVERIFY(!model.insertRows(0, 2));
     QVERIFY(!model.removeRows(15, 2));
 
-    // Saving writes the user records and the next id; a fresh model reads the same table.
+    // Saving writes the user records and the next id. (Reading them back is the editors' test.)
     QVERIFY(model.submit());
     QVERIFY(!model.isModified());
     QCOMPARE(fileValue(userPath, QStringLiteral("count")).toInt(), 2);
     QCOMPARE(fileValue(userPath, QStringLiteral("autoincid")).toInt(), 208);
     QVERIFY(!fileValue(userPath, QStringLiteral("2")).isValid()); // the group was cleared first
-    HeadSetsModel fresh;
-    fresh.readData();
-    QCOMPARE(ids(fresh), ids(model));
-    QCOMPARE(row(fresh, 15), row(model, 15));
-    QCOMPARE(fresh.nextId(), 208);
 
-    // Unsaved edits go with revert, which reads both files again.
-    QVERIFY(model.removeRows(14, 2));
-    model.revert();
-    QCOMPARE(model.rowCount(), 16);
-    QVERIFY(!model.isModified());
-
-    // At most 256 records.
+    // At most 256 records; revert reads the files again.
     QList<QStringList> many;
     for (int id = 200; id < 442; ++id)
         many << userRecord(id, QStringLiteral("Maker %1").arg(id));

@@ -49,11 +49,9 @@ class tst_RadioModel : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void displayTexts_data();
-    void displayTexts();
+    void records_data();
+    void records();
     void coloursHeadersAndTypeNames();
-    void flags_data();
-    void flags();
     void typeChangeSetsIncludeFlag_data();
     void typeChangeSetsIncludeFlag();
     void userIdsEditsAndRevert();
@@ -64,35 +62,53 @@ private Q_SLOTS:
     void sort();
 };
 
-void tst_RadioModel::displayTexts_data()
+void tst_RadioModel::records_data()
 {
+    QTest::addColumn<int>("id");
     QTest::addColumn<int>("type");
     QTest::addColumn<int>("include");
     QTest::addColumn<QStringList>("texts"); // columns 3 to 9
+    QTest::addColumn<QList<int>>("editable");
 
-    QTest::newRow("transceiver") << 1 << 0
-        << QStringList{"Transceiver", "7.75 Vrms", "rx desc", "0.250 Vrms", "tx desc", "No",
-                       "Acme X1 [Rx Level = 7.75,  Tx Level = 0.250]"};
-    QTest::newRow("receiver without flag") << 2 << 0
-        << QStringList{"Receiver", "7.75 Vrms", "rx desc", "", "", "Yes", "Acme X1 [Rx Level = 7.75]"};
-    QTest::newRow("pa") << 3 << 1
-        << QStringList{"PA", "", "", "0.250 Vrms", "tx desc", "Yes", "Acme X1 [Tx Level = 0.250]"};
-    QTest::newRow("not installed") << 0 << 0 << QStringList{"Not Installed", "", "", "", "", "No", "Acme"};
-    QTest::newRow("unknown type") << 9 << 0 << QStringList{"Not Installed", "", "", "", "", "No", "Acme"};
+    const QStringList transceiver = {"Transceiver", "7.75 Vrms", "rx desc", "0.250 Vrms", "tx desc", "No",
+                                     "Acme X1 [Rx Level = 7.75,  Tx Level = 0.250]"};
+    const QStringList receiver = {"Receiver", "7.75 Vrms", "rx desc", "", "", "Yes", "Acme X1 [Rx Level = 7.75]"};
+    const QStringList pa = {"PA", "", "", "0.250 Vrms", "tx desc", "Yes", "Acme X1 [Tx Level = 0.250]"};
+    const QStringList none = {"Not Installed", "", "", "", "", "No", "Acme"};
+    QTest::newRow("user transceiver") << 200 << 1 << 0 << transceiver << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8};
+    QTest::newRow("user receiver, listed without its flag") << 200 << 2 << 0 << receiver
+                                                            << QList<int>{0, 1, 2, 3, 4, 5};
+    QTest::newRow("user pa") << 201 << 3 << 1 << pa << QList<int>{0, 1, 2, 3, 6, 7};
+    QTest::newRow("user not installed") << 203 << 0 << 0 << none << QList<int>{0, 1, 2, 3, 4, 5, 6, 7};
+    QTest::newRow("unknown type") << 200 << 9 << 0 << none << QList<int>{0, 1, 2, 3, 4, 5, 6, 7};
+    // A library radio's only editable cell is a transceiver's receivers-list flag.
+    QTest::newRow("base transceiver") << 14 << 1 << 0 << transceiver << QList<int>{8};
+    QTest::newRow("last base id") << 199 << 1 << 0 << transceiver << QList<int>{8};
+    QTest::newRow("base receiver") << 54 << 2 << 0 << receiver << QList<int>{};
 }
 
-void tst_RadioModel::displayTexts()
+void tst_RadioModel::records()
 {
+    QFETCH(int, id);
     QFETCH(int, type);
     QFETCH(int, include);
     QFETCH(QStringList, texts);
+    QFETCH(QList<int>, editable);
     RtsTableModel model;
-    model.insertFromStrings(record(200, QStringLiteral("Acme"), QStringLiteral("X1"), type, include));
+    model.insertFromStrings(record(id, QStringLiteral("Acme"), QStringLiteral("X1"), type, include));
     QStringList shown;
     for (int column = RtsTableModel::TypeColumn; column < RtsTableModel::ColumnCount; ++column)
         shown.append(model.index(0, column).data().toString());
     QCOMPARE(shown, texts);
     QCOMPARE(model.index(0, RtsTableModel::RxLevelColumn).data(Qt::EditRole).toString(), QStringLiteral("7.75"));
+    QList<int> editableColumns;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const Qt::ItemFlags flags = model.flags(model.index(0, column));
+        QVERIFY(flags & Qt::ItemIsEnabled);
+        if (flags & Qt::ItemIsEditable)
+            editableColumns.append(column);
+    }
+    QCOMPARE(editableColumns, editable);
 }
 
 void tst_RadioModel::coloursHeadersAndTypeNames()
@@ -113,37 +129,6 @@ void tst_RadioModel::coloursHeadersAndTypeNames()
     QCOMPARE(model.headerData(9, Qt::Horizontal).toString(), QStringLiteral("Select String"));
     QVERIFY(!model.headerData(10, Qt::Horizontal).isValid());
     QVERIFY(!model.headerData(1, Qt::Horizontal, Qt::ToolTipRole).isValid());
-}
-
-void tst_RadioModel::flags_data()
-{
-    QTest::addColumn<int>("id");
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QList<int>>("editable");
-    QTest::newRow("base transceiver") << 14 << 1 << QList<int>{8};
-    QTest::newRow("base receiver") << 54 << 2 << QList<int>{};
-    QTest::newRow("last base id") << 199 << 1 << QList<int>{8};
-    QTest::newRow("user transceiver") << 200 << 1 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8};
-    QTest::newRow("user receiver") << 200 << 2 << QList<int>{0, 1, 2, 3, 4, 5};
-    QTest::newRow("user pa") << 201 << 3 << QList<int>{0, 1, 2, 3, 6, 7};
-    QTest::newRow("user not installed") << 203 << 0 << QList<int>{0, 1, 2, 3, 4, 5, 6, 7};
-}
-
-void tst_RadioModel::flags()
-{
-    QFETCH(int, id);
-    QFETCH(int, type);
-    QFETCH(QList<int>, editable);
-    RtsTableModel model;
-    model.insertFromStrings(record(id, QStringLiteral("M"), QStringLiteral("X"), type));
-    QList<int> shown;
-    for (int column = 0; column < model.columnCount(); ++column) {
-        const Qt::ItemFlags flags = model.flags(model.index(0, column));
-        QVERIFY(flags & Qt::ItemIsEnabled);
-        if (flags & Qt::ItemIsEditable)
-            shown.append(column);
-    }
-    QCOMPARE(shown, editable);
 }
 
 void tst_RadioModel::typeChangeSetsIncludeFlag_data()
