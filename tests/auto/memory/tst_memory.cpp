@@ -29,6 +29,7 @@ void tst_Memory::addresses_data()
     QTest::newRow("pin, options absent") << "I:2.21.07" << "3 2 33 7 1 1 1";
     QTest::newRow("pin, low and disabled") << "I:2.21.07.LD" << "3 2 33 7 1 0 0";
     QTest::newRow("pin, high and disabled") << "I:2.21.07.HD" << "3 2 33 7 1 1 0";
+    QTest::newRow("pin, low and enabled") << "I:2.21.07.LE" << "3 2 33 7 1 0 1";
     QTest::newRow("port, mask absent") << "P:0.20.01" << "4 0 32 1 1 -1 255";
     QTest::newRow("port, lower-case mask") << "P:0.20.01.fe" << "4 0 32 1 1 -1 254";
     // The mask's class also admits a backslash; such a mask is no number.
@@ -41,10 +42,13 @@ void tst_Memory::addresses_data()
     QTest::newRow("pin, lower-case options") << "I:2.21.07.ld" << none;
     QTest::newRow("pin, options swapped") << "I:2.21.07.EL" << none;
     QTest::newRow("lower-case letter") << "d:1.2A.05" << none;
+    QTest::newRow("unknown letter") << "X:1.2A.05" << none;
+    QTest::newRow("non-hex digit") << "D:1.2G.05" << none;
     QTest::newRow("one-digit group") << "D:1.2A.5" << none;
     QTest::newRow("two-digit bus") << "D:12.2A.05" << none;
     QTest::newRow("non-ASCII digit") << QString::fromUtf8("D:1.2A.0\xd9\xa5") << none;
     QTest::newRow("leading blank") << " D:1.2A.05" << none;
+    QTest::newRow("trailing blank") << "D:1.2A.05 " << none;
     QTest::newRow("dcp level with pin options") << "D:1.2A.05.HE" << none;
     QTest::newRow("memory byte with a size") << "B:0.50.10.20" << none;
     QTest::newRow("eeprom block without size") << "E:0.50.10" << none;
