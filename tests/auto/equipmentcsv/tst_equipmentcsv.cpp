@@ -283,6 +283,7 @@ void tst_EquipmentCsv::displayStrings_data()
     QTest::newRow("audio summary") << audio << levels << 13 << "Acme X1 [MIC Output = 0.5, Phones Input = 1.0]" << true;
     const QByteArray thirty = "300,,A,B,30,,30\n";
     QTest::newRow("intercom phones in mV") << "LowImpedanceIntercomsModel" << thirty << 6 << "30 mVrms" << true;
+    QTest::newRow("intercom MIC out in V") << "LowImpedanceIntercomsModel" << thirty << 4 << "30 Vrms" << true;
     QTest::newRow("music phones in V") << "MusicSystemsModel" << thirty << 6 << "30 Vrms" << true;
     QTest::newRow("serial plain") << "SerialDataDevices" << QByteArray("300,,A,B,0.5\n") << 4 << "0.5" << true;
 
@@ -292,6 +293,7 @@ void tst_EquipmentCsv::displayStrings_data()
     QTest::newRow("radio type") << radios << receiver << 4 << "Receiver" << true;
     QTest::newRow("radio type past the list") << radios << QByteArray("300,,A,B,7\n") << 4 << "Not Installed" << true;
     QTest::newRow("radio type not a number") << radios << QByteArray("300,,A,B,x\n") << 4 << "Unknown" << true;
+    QTest::newRow("receiver MIC input") << radios << receiver << 7 << "0.3 Vrms" << true;
     QTest::newRow("receiver MIC impedance") << radios << receiver << 8 << "600 Ohms" << true;
     QTest::newRow("transceiver MIC input") << radios << transceiver << 7 << "0.3" << false;
     QTest::newRow("radio profile") << radios << receiver << 10 << "A2DP (Advanced Audio Distribution Profile" << true;

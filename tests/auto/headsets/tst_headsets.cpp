@@ -147,17 +147,21 @@ void tst_HeadSets::edits_data()
     const QString receive = QStringLiteral("The Receive Level must be between 1.00 and 10.0");
     const QString mic = QStringLiteral("The Mic Level must be between 0.01 and 1.00");
     QTest::newRow("phones at the top") << 3 << "10.0" << "" << "";
+    QTest::newRow("phones at the bottom") << 3 << "1" << "" << "";
     QTest::newRow("phones above") << 3 << "10.01" << range << receive;
     QTest::newRow("phones decimal comma") << 3 << "1,5" << invalid << decimals;
     QTest::newRow("phones not a number") << 3 << "nan" << range << receive;
     QTest::newRow("impedance") << 4 << "150" << "" << "";
     QTest::newRow("impedance with letters") << 4 << "15O" << invalid
                                             << QStringLiteral("Invalid character entered; use 0-9 only!");
+    QTest::newRow("mic at the bottom") << 6 << "0.01" << "" << "";
     QTest::newRow("mic at the top") << 6 << "1.0" << "" << "";
     QTest::newRow("mic below") << 6 << "0.005" << range << mic;
     QTest::newRow("descriptions are free") << 5 << "anything, at all" << "" << "";
     QTest::newRow("manufacturer of a factory model") << 1 << "Bose" << "Duplicate Record"
                                                      << "The name Bose A20 already exists in the file.";
+    QTest::newRow("model of another user record") << 2 << "B2" << "Duplicate Record"
+                                                  << "The name Acme B2 already exists in the file.";
     QTest::newRow("case makes a new key") << 2 << "b2" << "" << "";
 }
 

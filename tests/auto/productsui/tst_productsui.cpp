@@ -257,6 +257,7 @@ void tst_ProductsUi::formValidation_data()
     QTest::newRow("letters of another product") << 0 << QStringList({"P3", "D", "F", keep}) << true << "";
     QTest::newRow("moved into another product") << 0 << QStringList({"P2", keep, keep, keep}) << false << overlap;
     QTest::newRow("no product") << 1 << QStringList({"", keep, keep, keep}) << false << "";
+    QTest::newRow("no end") << 1 << QStringList({keep, keep, "", keep}) << false << "";
     QTest::newRow("no hardware configuration") << 1 << QStringList({keep, keep, keep, ""}) << false << "";
     QTest::newRow("new row filled") << 3 << QStringList({"P1", "G", "H", "3"}) << true << "";
 }

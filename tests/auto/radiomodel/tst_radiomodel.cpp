@@ -76,6 +76,9 @@ void tst_RadioModel::records_data()
     const QStringList pa = {"PA", "", "", "0.250 Vrms", "tx desc", "Yes", "Acme X1 [Tx Level = 0.250]"};
     const QStringList none = {"Not Installed", "", "", "", "", "No", "Acme"};
     QTest::newRow("user transceiver") << 200 << 1 << 0 << transceiver << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8};
+    QStringList listed = transceiver;
+    listed[5] = QStringLiteral("Yes");
+    QTest::newRow("transceiver in receivers list") << 200 << 1 << 1 << listed << QList<int>{0, 1, 2, 3, 4, 5, 6, 7, 8};
     QTest::newRow("user receiver, listed without its flag") << 200 << 2 << 0 << receiver
                                                             << QList<int>{0, 1, 2, 3, 4, 5};
     QTest::newRow("user pa") << 201 << 3 << 1 << pa << QList<int>{0, 1, 2, 3, 6, 7};
