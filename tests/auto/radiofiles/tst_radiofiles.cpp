@@ -125,18 +125,44 @@ void tst_RadioFiles::rebuildAndDefaultTable()
         QCOMPARE(recordOf(id).at(8), QString::number(included ? 1 : 0));
     }
 
-    // Levels and descriptions of one record of each kind, the inconsistent ones included as published.
-    const QList<QPair<int, QStringList>> levels = {
-        {0, {"0.00", "", "0.00", ""}}, {2, {"7.75", "", "", ""}}, {4, {"7.75", "", "0.500", ""}},
-        {10, {"4.50", "40 mw (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
-        {23, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "", ""}},
-        {34, {"9.50", "150mW (9.50Vrms) into 600 Ohms", "0.100", "1.40Vrms into 1000 Ohms"}},
-        {35, {"10.00", "500mW (17.3Vrms) into 600 Ohms", "0.050", "50mVrms into 200 Ohms"}},
-        {54, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "0.000", ""}},
-        {67, {"0.00", "", "0.200", "250mVrms into 150 Ohms"}}, {75, {"0.00", "", "0.145", ""}},
-        {78, {"0.00", "", "0.500", "500mV into 5 KOhms"}}};
-    for (const auto &record : levels)
-        QCOMPARE(recordOf(record.first).mid(4, 4), record.second);
+    const QList<QPair<QList<int>, QStringList>> levels = {
+        {{0}, {"0.00", "", "0.00", ""}}, {{1}, {"7.75", "", "0.250", ""}}, {{2}, {"7.75", "", "", ""}},
+        {{3}, {"", "", "0.250", ""}}, {{4}, {"7.75", "", "0.500", ""}}, {{5}, {"2.50", "", "0.250", ""}},
+        {{6}, {"2.50", "", "0.100", ""}},
+        {{10}, {"4.50", "40 mw (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{11}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.110", "110mVrms into 150 Ohms"}},
+        {{12}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.120", "120mVrms into 150 Ohms"}},
+        {{13, 31, 32, 33}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.100", "100mVrms into 150 Ohms"}},
+        {{14, 15, 16, 19, 20, 21}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "0.100", "100mVrms into 100 Ohms"}},
+        {{17, 18}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120", "120mVrms into 150 Ohms"}},
+        {{22, 23, 24}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "", ""}},
+        {{25}, {"6.75", "91mW (6.75Vrms) into 500 Ohms", "0.940", "940mVrms into 150 Ohms"}},
+        {{26}, {"5.48", "60mW (5.48Vrms) into 500 Ohms", "0.100", "100mVrms into 600 Ohms"}},
+        {{27, 28, 29, 30}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{34}, {"9.50", "150mW (9.50Vrms) into 600 Ohms", "0.100", "1.40Vrms into 1000 Ohms"}},
+        {{35, 36, 37, 38, 39, 40}, {"10.00", "500mW (17.3Vrms) into 600 Ohms", "0.050", "50mVrms into 200 Ohms"}},
+        {{41, 42}, {"10.00", "600mW (19Vrms) into 600 Ohms", "0.050", "50mVrms into 200 Ohms"}},
+        {{43, 44, 45, 46, 47}, {"4.50", "40mW (4.5Vrms) into 500 Ohms", "0.120", "120mVrms into 500 Ohms"}},
+        {{48, 49, 50, 53}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250", "250mVrms into 150 Ohms"}},
+        {{51, 52}, {"7.75", "100mW (7.75Vrms) into 600 Ohms", "0.250", "250mVrms into 200 Ohms"}},
+        {{54}, {"7.07", "100mW (7.07Vrms) into 500 Ohms", "0.000", ""}},
+        {{55}, {"0.50", "0.5Vrms into 500 Ohms", "0.000", ""}},
+        {{58, 59, 61}, {"4.50", "40mW (4.50Vrms) into 500 Ohms", "", ""}},
+        {{60}, {"5.00", "50mW (5.00Vrms) into 500 Ohms", "", ""}},
+        {{62, 63, 64, 65, 66}, {"0.00", "", "0.200", "200mVrms into 150 Ohms"}},
+        {{67}, {"0.00", "", "0.200", "250mVrms into 150 Ohms"}},
+        {{68, 69}, {"0.00", "", "0.005", "5mVrms into 150 Ohms"}},
+        {{70, 71, 72, 73, 74}, {"0.00", "", "1.000", "1Vrms into 150 Ohms"}},
+        {{75}, {"0.00", "", "0.145", ""}},
+        {{76, 77, 78}, {"0.00", "", "0.500", "500mV into 5 KOhms"}}};
+    int checked = 0;
+    for (const auto &group : levels) {
+        for (const int id : group.first) {
+            QCOMPARE(recordOf(id).mid(4, 4), group.second);
+            ++checked;
+        }
+    }
+    QCOMPARE(checked, 74);
 }
 
 void tst_RadioFiles::userRecordsSurviveARebuild()
