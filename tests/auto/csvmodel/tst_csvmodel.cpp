@@ -52,7 +52,6 @@ QByteArray readFile(const QString &path)
     QFile file(path);
     return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
 }
-
 }
 
 class tst_CsvModel : public QObject
