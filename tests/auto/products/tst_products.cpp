@@ -11,7 +11,6 @@
 #include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QColor>
-#include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QSignalSpy>
