@@ -118,6 +118,7 @@ private:
     {
         return page.findChild<QLabel *>(QLatin1String(label))->text();
     }
+
     // Clicks button and, once the file dialog is up, chooses fileName in it.
     static bool chooseInDialog(QPushButton *button, const QString &fileName)
     {

@@ -151,6 +151,7 @@ int findRow(const QAbstractItemModel *model, int column, const QString &text)
         if (cell(model, row, column) == text)
             return row;
     }
+
     return -1;
 }
 }

@@ -63,6 +63,7 @@ QList<pid_t> childPids(const QByteArray &comm)
         if (pid > 0 && readAll(QStringLiteral("/proc/%1/comm").arg(pid)).trimmed() == comm)
             pids << pid;
     }
+
     return pids;
 }
 
@@ -99,10 +100,7 @@ class tst_Faults : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase()
-    {
-        TestAppDir::prepare();
-    }
+    void initTestCase() { TestAppDir::prepare(); }
 
     void cleanupTestCase()
     {

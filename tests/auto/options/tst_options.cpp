@@ -24,10 +24,7 @@ class tst_Options : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase()
-    {
-        TestAppDir::prepare(QStringLiteral("Avionics Lab"));
-    }
+    void initTestCase() { TestAppDir::prepare(QStringLiteral("Avionics Lab")); }
 
     void cleanupTestCase()
     {
@@ -271,6 +268,7 @@ private:
                 options.logFileName(), options.style(), options.manualUrl(), options.initializeWithDefaultData(),
                 options.serverPort()};
     }
+
     // Runs editOptions() with interact() playing the user in the dialog.
     static bool editOptions(NvrOptions &options, const std::function<void(QDialog *)> &interact)
     {
@@ -281,6 +279,7 @@ private:
             QTest::qFail("the options dialog never showed", __FILE__, __LINE__);
         return accepted;
     }
+
     static QSpinBox *spinBox(QDialog *dialog, int row)
     {
         auto *form = dialog->findChild<QFormLayout *>();

@@ -41,6 +41,7 @@ struct Editor
         widget.show();
         QVERIFY(QTest::qWaitForWindowExposed(&widget));
     }
+
     QPushButton *button(const char *name) const { return widget.findChild<QPushButton *>(QLatin1String(name)); }
     void clickCell(int row, int column) const
     {
@@ -48,6 +49,7 @@ struct Editor
         view->scrollTo(index);
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
     }
+
     QString states() const
     {
         QString text;

@@ -33,10 +33,7 @@ class tst_Tserial : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase()
-    {
-        TestAppDir::prepare();
-    }
+    void initTestCase() { TestAppDir::prepare(); }
 
     void cleanupTestCase()
     {
