@@ -140,9 +140,6 @@ private Q_SLOTS:
         QTest::newRow("wav not a sound")
             << QStringList{"wav", "import", "@notes.txt", "-o", "@x.wav", "--data", "@data"} << none << 1
             << QByteArray("cannot import");
-        QTest::newRow("wav not a sound, no SoX")
-            << QStringList{"wav", "import", "@notes.txt", "--no-sox", "-o", "@x.wav", "--data", "@data"} << none << 1
-            << QByteArray("cannot import");
         QTest::newRow("wav unwritable")
             << QStringList{"wav", "import", "@tone.wav", "-o", "@file/x.wav", "--data", "@data"} << none << 1
             << QByteArray("cannot write");

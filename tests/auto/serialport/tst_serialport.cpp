@@ -272,17 +272,6 @@ private Q_SLOTS:
         QCOMPARE(port.readBuffer(1, 0, 100), QByteArray());
     }
 
-    void settingNames()
-    {
-        const SerialPort port;
-        QStringList names;
-        for (int i = 0; i <= 6; ++i)
-            names << port.parity(i);
-        for (int i = 0; i <= 4; ++i)
-            names << port.stopBits(i);
-        QCOMPARE(names.join('|'), QStringLiteral("NONE|INVALID|EVEN|ODD|SPACE|MARK||Unknown|1|2|1.5|Unknown"));
-    }
-
     void portMap_data()
     {
         QTest::addColumn<PortList>("ports");
