@@ -50,414 +50,359 @@ void writeAll(const QString &path, const QByteArray &bytes)
 class tst_Audio : public QObject
 {
     Q_OBJECT
-private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void exec_data();
-    void exec();
-    void outputArrivesWhileRunning();
-    void soxCommands_data();
-    void soxCommands();
-    void metadata();
-    void readFile_data();
-    void readFile();
-    void importWithSox_data();
-    void importWithSox();
-    void importWithoutSox();
-    void importRefusesBadInput_data();
-    void importRefusesBadInput();
-    void importWithoutSoxPresent();
-    void deviceFormat_data();
-    void deviceFormat();
-    void saveFile_data();
-    void saveFile();
-    void byteHelpers();
 
-private:
     QString input(const QString &name) const { return m_dir.filePath(name); }
-    bool makeSound(const QString &name, const QString &format, const QString &seconds);
+    bool makeSound(const QString &name, const QString &format, const QString &seconds)
+    {
+        const QStringList arguments = QStringLiteral("-n %1").arg(format).split(QLatin1Char(' '))
+                                      + QStringList{input(name), "synth", seconds, "sine", "440"};
+        return QProcess::execute(TestAppDir::filePath("bin/sox.exe"), arguments) == 0;
+    }
 
     QTemporaryDir m_dir;
     std::unique_ptr<NvrOptions> m_options;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        TestAppDir::prepare();
+        m_options = std::make_unique<NvrOptions>(QStringList{"tst_audio"});
+        g_nvrOptions = m_options.get();
+        const QString stereo = QStringLiteral("-r 44100 -b 16 -c 2");
+        QVERIFY(QDir(m_dir.path()).mkpath("my sounds"));
+        QVERIFY(makeSound("stereo.wav", stereo, "20"));
+        QVERIFY(makeSound("my sounds/with blanks.wav", stereo, "3"));
+        QVERIFY(makeSound("mono8.wav", "-r 8000 -b 8 -c 1", "3"));
+        // A compressed input exists only where the installed SoX writes it.
+        makeSound("stereo.flac", stereo, "20");
+    }
+
+    void cleanupTestCase()
+    {
+        g_nvrOptions = nullptr;
+        m_options.reset();
+        TestAppDir::cleanup();
+    }
+
+    void init()
+    {
+        m_options->setSoxLibraryEnabled(true);
+        TestAppDir::clearData();
+    }
+
+    void exec_data()
+    {
+        QTest::addColumn<QString>("commandLine");
+        QTest::addColumn<int>("timeoutMs");
+        QTest::addColumn<QByteArray>("output");
+        QTest::addColumn<QString>("error"); // the start of the one error record; empty on success
+
+        QTest::newRow("quoted blanks") << "printf \"%s|\" \"a b\" c" << 30000 << QByteArray("a b|c|") << "";
+        QTest::newRow("exit code 3") << "sh -c \"echo partial; echo broken >&2; exit 3\"" << 30000
+                                     << QByteArray("partial\n") << "sh returned 3: broken";
+        QTest::newRow("crash") << "sh -c \"kill -SEGV $$\"" << 30000 << QByteArray() << "sh crashed";
+        QTest::newRow("missing program") << "\"/nonexistent/no such tool\" -x" << 30000 << QByteArray()
+                                         << "Could not start /nonexistent/no such tool: ";
+        QTest::newRow("time-out") << "sleep 20" << 300 << QByteArray()
+                                  << "sleep did not end within 300 ms and was stopped";
+    }
+
+    void exec()
+    {
+        QFETCH(QString, commandLine);
+        QFETCH(int, timeoutMs);
+        QFETCH(QByteArray, output);
+        QFETCH(QString, error);
+
+        LogCapture log;
+        KvProcess process;
+        process.setTimeoutMs(timeoutMs);
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(process.exec(commandLine), error.isEmpty());
+        QVERIFY2(timer.elapsed() < 10000, "the program was not stopped at the time-out");
+        QVERIFY(timer.elapsed() >= (timeoutMs < KvProcess::DefaultTimeoutMs ? timeoutMs : 0));
+        QCOMPARE(process.state(), QProcess::NotRunning);
+        QCOMPARE(process.readAllStandardOutput(), output);
+        const QStringList errors = log.messages(LogRecord::Error);
+        QCOMPARE(errors.size(), error.isEmpty() ? 0 : 1);
+        if (!error.isEmpty())
+            QVERIFY2(errors.first().startsWith(error), qPrintable(errors.first()));
+    }
+
+    void outputArrivesWhileRunning()
+    {
+        KvProcess process;
+        QList<QPair<QByteArray, QProcess::ProcessState>> pieces;
+        connect(&process, &QProcess::readyReadStandardOutput, this,
+                [&] { pieces.append({process.readAllStandardOutput(), process.state()}); });
+        QVERIFY(process.exec("sh -c \"echo first; sleep 1; echo second\""));
+        QVERIFY(pieces.size() >= 2);
+        QCOMPARE(pieces.first().first, QByteArray("first\n"));
+        QCOMPARE(pieces.first().second, QProcess::Running);
+    }
+
+    void soxCommands_data()
+    {
+        QTest::addColumn<QString>("arguments"); // after the quoted tool path
+        QTest::addColumn<int>("rate");
+        QTest::addColumn<qint64>("durationMs");
+        // Rates and bit sizes differ so that swapping -b and -r shows.
+        QTest::newRow("resample") << "\"IN\" -c 1 -b 8 -r 16000 -t wav -D \"OUT\"" << 16000 << qint64(3000);
+        QTest::newRow("resample and cut") << "\"IN\" -c 1 -b 16 -r 22050 -t wav \"OUT\" -D trim 0 2" << 22050
+                                          << qint64(2000);
+        QTest::newRow("trim") << "-t wav \"IN\" -t wav \"OUT\" -D trim 0 1" << 44100 << qint64(1000);
+    }
+
+    void soxCommands()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(int, rate);
+        QFETCH(qint64, durationMs);
+
+        const QString in = input("my sounds/with blanks.wav");
+        const QString out = input(QStringLiteral("my sounds/out %1.wav").arg(QTest::currentDataTag()));
+        SoxProcess sox;
+        QCOMPARE(sox.exe(), TestAppDir::path() + "/bin/sox.exe");
+        const QString row = QString::fromLatin1(QTest::currentDataTag());
+        const bool ok = row == "resample"           ? sox.resample(in, out, 1, 16000, 8)
+                        : row == "resample and cut" ? sox.resample(in, out, 1, 22050, 16, 2)
+                                                    : sox.trim(in, out, 1);
+        QCOMPARE(sox.commandLine(),
+                 QStringLiteral("\"%1\" ").arg(sox.exe()) + arguments.replace("IN", in).replace("OUT", out));
+        QVERIFY(ok);
+        Wav result;
+        QVERIFY(result.readFile(out));
+        QCOMPARE(int(result.format().sampleRate), rate);
+        QCOMPARE(result.durationMs(), durationMs);
+    }
+
+    void metadata()
+    {
+        LogCapture log;
+        SoxProcess sox;
+        const QString file = input("stereo.wav");
+        const QString description = sox.metadata(file);
+        QVERIFY2(description.contains("Channels       : 2"), qPrintable(description));
+        QCOMPARE(sox.commandLine(), QStringLiteral("\"%1\" --i \"%2\"").arg(sox.exe(), file));
+        QCOMPARE(log.messages(LogRecord::Trace).join(QString()), "StdOutput: " + description);
+
+        // A failed run describes nothing, whatever an earlier run left behind.
+        writeAll(input("notes.wav"), "not a sound\n");
+        QCOMPARE(sox.metadata(input("notes.wav")), QString());
+    }
+
+    void readFile_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<int>("channels"); // 0: refused
+        QTest::addColumn<QByteArray>("samples");
+
+        const QByteArray fmt = chunk("fmt ", fmtBody(1, 2));
+        const QByteArray samples = QByteArray::fromHex("0102030405060708");
+        const QByteArray extensible = fmtBody(0xFFFE, 1) + QByteArray::fromHex("1600100004000000")
+                                      + QByteArray::fromHex("0100000000001000800000aa00389b71");
+        QTest::newRow("odd list chunk first") << riff(fmt + chunk("LIST", "abc") + chunk("data", samples)) << 2
+                                              << samples;
+        QTest::newRow("extensible format") << riff(chunk("fmt ", extensible) + chunk("data", samples)) << 1
+                                           << samples;
+        QTest::newRow("samples cut short") << riff(fmt) + "data" + KvHex::UintToBuffer(100) + samples << 2
+                                           << samples;
+        QTest::newRow("data before format") << riff(chunk("data", samples) + fmt) << 0 << QByteArray();
+        QTest::newRow("no channels") << riff(chunk("fmt ", fmtBody(1, 0)) + chunk("data", samples)) << 0
+                                     << QByteArray();
+        QTest::newRow("not RIFF") << riff(fmt + chunk("data", samples)).replace(0, 4, "RIFX") << 0 << QByteArray();
+    }
+
+    void readFile()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(int, channels);
+        QFETCH(QByteArray, samples);
+
+        writeAll(input("parse.wav"), file);
+        Wav wav;
+        wav.setAudioData("stale");
+        QCOMPARE(wav.readFile(input("parse.wav")), channels > 0);
+        QCOMPARE(wav.audioData(), samples);
+        QCOMPARE(wav.dataSize(), samples.size());
+        QCOMPARE(int(wav.format().channels), channels);
+        if (channels > 0) // always rewritten into the canonical header
+            QCOMPARE(wav.rawData(), riff(chunk("fmt ", fmtBody(1, channels)) + chunk("data", samples)));
+    }
+
+    void importWithSox_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<qint64>("durationMs");
+        QTest::newRow("stereo 44.1 kHz, 20 s") << "stereo.wav" << qint64(11000);
+        QTest::newRow("8-bit mono, 3 s") << "mono8.wav" << qint64(3000);
+        QTest::newRow("FLAC") << "stereo.flac" << qint64(11000);
+    }
+
+    void importWithSox()
+    {
+        QFETCH(QString, name);
+        QFETCH(qint64, durationMs);
+        const QString source = input(name);
+        if (!QFile::exists(source))
+            QSKIP("the installed SoX does not write this format");
+        const QByteArray original = readAll(source);
+
+        LogCapture log;
+        NvrWav wav;
+        QVERIFY(wav.importFile(source));
+        const QString workFile = TestAppDir::filePath("tmp/" + name);
+        QCOMPARE(readAll(workFile), wav.rawData()); // WAV data, whatever the name says
+        QCOMPARE(readAll(source), original);
+        const WavFormat format = wav.format();
+        QCOMPARE(QVector<uint>({format.channels, format.bitsPerSample, format.sampleRate}),
+                 QVector<uint>({1, 16, 22050}));
+        QCOMPARE(wav.durationMs(), durationMs);
+        int loudest = 0;
+        const QByteArray samples = wav.audioData();
+        for (int i = 0; i < samples.size(); i += 2)
+            loudest = qMax(loudest, qAbs(int(qFromLittleEndian<qint16>(samples.constData() + i))));
+        QVERIFY2(loudest > 8000, "the converted sound is silent");
+        QCOMPARE(log.messages(LogRecord::Trace),
+                 {QStringLiteral("Infile: \"%1\" Outfile: \"%2\"").arg(source, workFile)});
+    }
+
+    void importWithoutSox()
+    {
+        m_options->setSoxLibraryEnabled(false);
+        const QString source = input("stereo.wav");
+        NvrWav wav;
+        QVERIFY(wav.importFile(source));
+        QCOMPARE(wav.rawData(), readAll(source));
+        QCOMPARE(readAll(NvrWav::workFileName(source)), readAll(source));
+        QCOMPARE(wav.durationMs(), qint64(20000));
+
+        // Without the tool the import fails with the reason, after making the work folder.
+        m_options->setSoxLibraryEnabled(true);
+        QTemporaryDir elsewhere;
+        KvCore::setApplicationDirPath(elsewhere.path());
+        LogCapture log;
+        const bool imported = wav.importFile(source);
+        KvCore::setApplicationDirPath(QString());
+        QVERIFY(!imported);
+        QVERIFY(QFileInfo(elsewhere.filePath("tmp")).isDir());
+        const QStringList errors = log.messages(LogRecord::Error);
+        QCOMPARE(errors.size(), 1);
+        QVERIFY2(errors.first().startsWith(QStringLiteral("Could not start %1/bin/sox.exe: ").arg(elsewhere.path())),
+                 qPrintable(errors.first()));
+    }
+
+    void importRefusesBadInput_data()
+    {
+        QTest::addColumn<QString>("name"); // "@" for the application directory
+        QTest::addColumn<QByteArray>("bytes"); // null: no such file
+        QTest::addColumn<bool>("sox");
+        const QByteArray wav = readAll(input("mono8.wav"));
+        const QList<QPair<const char *, QPair<QString, QByteArray>>> inputs = {
+            {"text named .wav", {"notes.wav", "not a sound at all\n"}},
+            {"missing file", {"missing.wav", QByteArray()}},
+            {"header cut short", {"cut.wav", wav.left(30)}},
+            {"source is the work file", {"@tmp/mono8.wav", wav}},
+        };
+        for (const auto &in : inputs) {
+            QTest::addRow("%s, SoX on", in.first) << in.second.first << in.second.second << true;
+            QTest::addRow("%s, SoX off", in.first) << in.second.first << in.second.second << false;
+        }
+    }
+
+    void importRefusesBadInput()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(bool, sox);
+
+        m_options->setSoxLibraryEnabled(sox);
+        const QString source = name.startsWith('@') ? TestAppDir::filePath(name.mid(1)) : input(name);
+        if (!bytes.isNull())
+            writeAll(source, bytes);
+        NvrWav wav;
+        wav.setAudioData("stale");
+        QVERIFY(!wav.importFile(source));
+        QVERIFY(wav.isEmpty());
+        QCOMPARE(QFile::exists(source), !bytes.isNull());
+        QCOMPARE(readAll(source), bytes.isNull() ? QByteArray() : bytes);
+    }
+
+    void deviceFormat_data()
+    {
+        QTest::addColumn<QByteArray>("samples");
+        QTest::addColumn<QByteArray>("codes");
+        QTest::newRow("-32768") << QByteArray::fromHex("0080") << QByteArray::fromHex("3003");
+        QTest::newRow("32767") << QByteArray::fromHex("ff7f") << QByteArray::fromHex("cc3c");
+        QTest::newRow("-1 truncates to silence") << QByteArray::fromHex("ffff") << QByteArray::fromHex("0020");
+        QTest::newRow("-100") << QByteArray::fromHex("9cff") << QByteArray::fromHex("e81f");
+        QTest::newRow("trailing odd byte") << QByteArray::fromHex("6400ff") << QByteArray::fromHex("14200020");
+    }
+
+    void deviceFormat()
+    {
+        QFETCH(QByteArray, samples);
+        QFETCH(QByteArray, codes);
+
+        m_options->setSoxLibraryEnabled(false);
+        Wav plain;
+        plain.setAudioData(samples);
+        QVERIFY(plain.saveFile(input("samples.wav")));
+        NvrWav wav;
+        wav.setDeviceFormat(true);
+        QVERIFY(wav.importFile(input("samples.wav")));
+        QCOMPARE(wav.rawData().mid(Wav::HeaderSize), codes);
+        QCOMPARE(wav.dataSize(), samples.size()); // an odd count keeps its padding byte outside the data
+        QCOMPARE(readAll(input("samples.wav")), plain.rawData());
+    }
+
+    void saveFile_data()
+    {
+        QTest::addColumn<QString>("given");
+        QTest::addColumn<QString>("saved");
+        QTest::addColumn<bool>("ok");
+        QTest::newRow("complete suffix") << "a.b.wav" << "a.kv37.wav" << true;
+        QTest::newRow("no suffix") << "noext" << "noext.kv37.wav" << true;
+        QTest::newRow("upper case") << "LOUD.WAV" << "LOUD.kv37.wav" << true;
+        QTest::newRow("already the product's") << "m.kv37.wav" << "m.kv37.wav" << true;
+        // Kept: the suffix text is replaced in folder names too.
+        QTest::newRow("suffix text in a folder") << "Wav/take.wav" << "kv37.wav/take.kv37.wav" << true;
+        QTest::newRow("below a file") << "plain file/x" << "plain file/x.kv37.wav" << false;
+    }
+
+    void saveFile()
+    {
+        QFETCH(QString, given);
+        QFETCH(QString, saved);
+        QFETCH(bool, ok);
+
+        // Relative names, so that no folder above has the suffix text in its name.
+        const QString home = QDir::currentPath();
+        QVERIFY(QDir::setCurrent(m_dir.path()));
+        writeAll("plain file", "x");
+        QDir().mkpath(QFileInfo(saved).path());
+        NvrWav wav;
+        const bool emptySaved = wav.saveFile(given);
+        wav.setAudioData("abcd");
+        QCOMPARE(wav.saveFileName(given), saved);
+        const bool savedOk = wav.saveFile(given);
+        const QByteArray written = readAll(saved);
+        QFile::remove(saved);
+        QVERIFY(QDir::setCurrent(home));
+        QVERIFY(!emptySaved);
+        QCOMPARE(savedOk, ok);
+        QCOMPARE(written, ok ? wav.rawData() : QByteArray());
+    }
+
+    void byteHelpers()
+    {
+        // An odd trailing byte is paired with a zero; a short buffer reads as zero.
+        QCOMPARE(NvrWav::swapSamples(QByteArray::fromHex("010203")), QByteArray::fromHex("02010003"));
+        QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("ff")), 0);
+        QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("0080ff")), 32768);
+    }
 };
-
-bool tst_Audio::makeSound(const QString &name, const QString &format, const QString &seconds)
-{
-    const QString sox = TestAppDir::filePath(QStringLiteral("bin/sox.exe"));
-    const QStringList arguments = QStringLiteral("-n %1").arg(format).split(QLatin1Char(' '))
-                                  + QStringList{input(name), QStringLiteral("synth"), seconds,
-                                                QStringLiteral("sine"), QStringLiteral("440")};
-    return QProcess::execute(sox, arguments) == 0;
-}
-
-void tst_Audio::initTestCase()
-{
-    TestAppDir::prepare();
-    m_options = std::make_unique<NvrOptions>(QStringList{QStringLiteral("tst_audio")});
-    g_nvrOptions = m_options.get();
-    const QString stereo = QStringLiteral("-r 44100 -b 16 -c 2");
-    QVERIFY(QDir(m_dir.path()).mkpath(QStringLiteral("my sounds")));
-    QVERIFY(makeSound(QStringLiteral("stereo.wav"), stereo, QStringLiteral("20")));
-    QVERIFY(makeSound(QStringLiteral("my sounds/with blanks.wav"), stereo, QStringLiteral("3")));
-    QVERIFY(makeSound(QStringLiteral("mono8.wav"), QStringLiteral("-r 8000 -b 8 -c 1"), QStringLiteral("3")));
-    // Compressed inputs exist only where the installed SoX writes them.
-    makeSound(QStringLiteral("stereo.flac"), stereo, QStringLiteral("20"));
-    makeSound(QStringLiteral("stereo.mp3"), QStringLiteral("-r 44100 -c 2"), QStringLiteral("20"));
-}
-
-void tst_Audio::cleanupTestCase()
-{
-    g_nvrOptions = nullptr;
-    m_options.reset();
-    TestAppDir::cleanup();
-}
-
-void tst_Audio::init()
-{
-    m_options->setSoxLibraryEnabled(true);
-    TestAppDir::clearData();
-}
-
-void tst_Audio::exec_data()
-{
-    QTest::addColumn<QString>("commandLine");
-    QTest::addColumn<int>("timeoutMs");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<QByteArray>("output");
-    QTest::addColumn<QString>("error"); // the start of the one error record, if any
-
-    QTest::newRow("exit code 0") << QStringLiteral("true") << 30000 << true << QByteArray() << QString();
-    QTest::newRow("quoted blanks") << QStringLiteral("printf \"%s|\" \"a b\" c") << 30000 << true
-                                   << QByteArray("a b|c|") << QString();
-    QTest::newRow("exit code 3") << QStringLiteral("sh -c \"echo partial; echo broken >&2; exit 3\"") << 30000
-                                 << false << QByteArray("partial\n") << QStringLiteral("sh returned 3: broken");
-    QTest::newRow("crash") << QStringLiteral("sh -c \"kill -SEGV $$\"") << 30000 << false << QByteArray()
-                           << QStringLiteral("sh crashed");
-    QTest::newRow("missing program") << QStringLiteral("\"/nonexistent/no such tool\" -x") << 30000 << false
-                                     << QByteArray() << QStringLiteral("Could not start /nonexistent/no such tool: ");
-    QTest::newRow("time-out") << QStringLiteral("sleep 20") << 300 << false << QByteArray()
-                              << QStringLiteral("sleep did not end within 300 ms and was stopped");
-}
-
-void tst_Audio::exec()
-{
-    QFETCH(QString, commandLine);
-    QFETCH(int, timeoutMs);
-    QFETCH(bool, ok);
-    QFETCH(QByteArray, output);
-    QFETCH(QString, error);
-
-    LogCapture log;
-    KvProcess process;
-    process.setTimeoutMs(timeoutMs);
-    QElapsedTimer timer;
-    timer.start();
-    QCOMPARE(process.exec(commandLine), ok);
-    QVERIFY2(timer.elapsed() < 10000, "the program was not stopped at the time-out");
-    if (timeoutMs < KvProcess::DefaultTimeoutMs)
-        QVERIFY(timer.elapsed() >= timeoutMs);
-    QCOMPARE(process.state(), QProcess::NotRunning);
-    QCOMPARE(process.commandLine(), commandLine);
-    QCOMPARE(process.readAllStandardOutput(), output);
-    const QStringList errors = log.messages(LogRecord::Error);
-    QCOMPARE(errors.size(), error.isEmpty() ? 0 : 1);
-    if (!error.isEmpty()) {
-        QVERIFY2(errors.first().startsWith(error), qPrintable(errors.first()));
-        QCOMPARE(log.records().first().file, QStringLiteral("src/kvcore/kvprocess"));
-    }
-}
-
-void tst_Audio::outputArrivesWhileRunning()
-{
-    KvProcess process;
-    QList<QPair<QByteArray, QProcess::ProcessState>> pieces;
-    connect(&process, &QProcess::readyReadStandardOutput, this,
-            [&] { pieces.append({process.readAllStandardOutput(), process.state()}); });
-    QVERIFY(process.exec(QStringLiteral("sh -c \"echo first; sleep 1; echo second\"")));
-    QVERIFY(pieces.size() >= 2);
-    QCOMPARE(pieces.first().first, QByteArray("first\n"));
-    QCOMPARE(pieces.first().second, QProcess::Running);
-}
-
-void tst_Audio::soxCommands_data()
-{
-    QTest::addColumn<QString>("arguments"); // after the quoted tool path
-    QTest::addColumn<int>("rate");
-    QTest::addColumn<qint64>("durationMs");
-    // Rates and bit sizes differ so that swapping -b and -r shows.
-    QTest::newRow("resample") << QStringLiteral("\"IN\" -c 1 -b 8 -r 16000 -t wav -D \"OUT\"") << 16000 << qint64(3000);
-    QTest::newRow("resample and cut") << QStringLiteral("\"IN\" -c 1 -b 16 -r 22050 -t wav \"OUT\" -D trim 0 2")
-                                      << 22050 << qint64(2000);
-    QTest::newRow("trim") << QStringLiteral("-t wav \"IN\" -t wav \"OUT\" -D trim 0 1") << 44100 << qint64(1000);
-}
-
-void tst_Audio::soxCommands()
-{
-    QFETCH(QString, arguments);
-    QFETCH(int, rate);
-    QFETCH(qint64, durationMs);
-
-    const QString in = input(QStringLiteral("my sounds/with blanks.wav"));
-    const QString out = input(QStringLiteral("my sounds/out %1.wav").arg(QTest::currentDataTag()));
-    SoxProcess sox;
-    QCOMPARE(sox.exe(), TestAppDir::path() + QStringLiteral("/bin/sox.exe"));
-    const QString row = QString::fromLatin1(QTest::currentDataTag());
-    const bool ok = row == QLatin1String("resample")           ? sox.resample(in, out, 1, 16000, 8)
-                    : row == QLatin1String("resample and cut") ? sox.resample(in, out, 1, 22050, 16, 2)
-                                                               : sox.trim(in, out, 1);
-    QCOMPARE(sox.commandLine(), QStringLiteral("\"%1\" ").arg(sox.exe())
-                                    + arguments.replace(QLatin1String("IN"), in).replace(QLatin1String("OUT"), out));
-    QVERIFY(ok);
-    Wav result;
-    QVERIFY(result.readFile(out));
-    QCOMPARE(int(result.format().sampleRate), rate);
-    QCOMPARE(result.durationMs(), durationMs);
-}
-
-void tst_Audio::metadata()
-{
-    LogCapture log;
-    SoxProcess sox;
-    const QString file = input(QStringLiteral("stereo.wav"));
-    const QString description = sox.metadata(file);
-    QVERIFY2(description.contains(QLatin1String("Channels       : 2")), qPrintable(description));
-    QCOMPARE(sox.commandLine(), QStringLiteral("\"%1\" --i \"%2\"").arg(sox.exe(), file));
-    QCOMPARE(log.messages(LogRecord::Trace).join(QString()), QStringLiteral("StdOutput: ") + description);
-    QCOMPARE(log.records().first().file, QStringLiteral("src/nvrcore/classes/soxprocess"));
-    QCOMPARE(log.records().first().function, QStringLiteral("void SoxProcess::readFromStdOutput()"));
-
-    // A failed run describes nothing, whatever an earlier run left behind.
-    writeAll(input(QStringLiteral("notes.wav")), "not a sound\n");
-    QCOMPARE(sox.metadata(input(QStringLiteral("notes.wav"))), QString());
-}
-
-void tst_Audio::readFile_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<int>("channels"); // 0: refused
-    QTest::addColumn<QByteArray>("samples");
-
-    const QByteArray fmt = chunk("fmt ", fmtBody(1, 2));
-    const QByteArray samples = QByteArray::fromHex("0102030405060708");
-    const QByteArray canonical = riff(fmt + chunk("data", samples));
-    const QByteArray extensible = fmtBody(0xFFFE, 1) + QByteArray::fromHex("1600100004000000")
-                                  + QByteArray::fromHex("0100000000001000800000aa00389b71");
-    QTest::newRow("canonical") << canonical << 2 << samples;
-    QTest::newRow("odd list chunk first") << riff(fmt + chunk("LIST", "abc") + chunk("data", samples)) << 2 << samples;
-    QTest::newRow("extensible format") << riff(chunk("fmt ", extensible) + chunk("data", samples)) << 1 << samples;
-    QTest::newRow("samples cut short") << riff(fmt) + "data" + KvHex::UintToBuffer(100) + samples << 2 << samples;
-    QTest::newRow("header cut short") << canonical.left(40) << 0 << QByteArray();
-    QTest::newRow("data before format") << riff(chunk("data", samples) + fmt) << 0 << QByteArray();
-    QTest::newRow("no channels") << riff(chunk("fmt ", fmtBody(1, 0)) + chunk("data", samples)) << 0 << QByteArray();
-    QTest::newRow("not RIFF") << QByteArray(canonical).replace(0, 4, "RIFX") << 0 << QByteArray();
-}
-
-void tst_Audio::readFile()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(int, channels);
-    QFETCH(QByteArray, samples);
-
-    writeAll(input(QStringLiteral("parse.wav")), file);
-    Wav wav;
-    wav.setAudioData("stale");
-    QCOMPARE(wav.readFile(input(QStringLiteral("parse.wav"))), channels > 0);
-    QCOMPARE(wav.audioData(), samples);
-    QCOMPARE(wav.dataSize(), samples.size());
-    QCOMPARE(int(wav.format().channels), channels);
-    if (channels > 0) { // always rewritten into the canonical header
-        QCOMPARE(wav.rawData().left(44), riff(chunk("fmt ", fmtBody(1, channels)) + chunk("data", samples)).left(44));
-        QCOMPARE(wav.rawData().size(), 44 + samples.size());
-    }
-}
-
-void tst_Audio::importWithSox_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<qint64>("durationMs");
-    QTest::newRow("stereo 44.1 kHz, 20 s") << QStringLiteral("stereo.wav") << qint64(11000);
-    QTest::newRow("8-bit mono, 3 s") << QStringLiteral("mono8.wav") << qint64(3000);
-    QTest::newRow("path with blanks") << QStringLiteral("my sounds/with blanks.wav") << qint64(3000);
-    QTest::newRow("FLAC") << QStringLiteral("stereo.flac") << qint64(11000);
-    QTest::newRow("MP3") << QStringLiteral("stereo.mp3") << qint64(11000);
-}
-
-void tst_Audio::importWithSox()
-{
-    QFETCH(QString, name);
-    QFETCH(qint64, durationMs);
-    const QString source = input(name);
-    if (!QFile::exists(source))
-        QSKIP("the installed SoX does not write this format");
-    const QByteArray original = readAll(source);
-
-    LogCapture log;
-    NvrWav wav;
-    QVERIFY(wav.importFile(source));
-    const QString workFile = TestAppDir::filePath(QStringLiteral("tmp/") + QFileInfo(name).fileName());
-    QCOMPARE(readAll(workFile), wav.rawData()); // WAV data, whatever the name says
-    QCOMPARE(readAll(source), original);
-    const WavFormat format = wav.format();
-    QCOMPARE(QVector<uint>({format.channels, format.bitsPerSample, format.sampleRate}), QVector<uint>({1, 16, 22050}));
-    QCOMPARE(wav.durationMs(), durationMs);
-    int loudest = 0;
-    const QByteArray samples = wav.audioData();
-    for (int i = 0; i < samples.size(); i += 2)
-        loudest = qMax(loudest, qAbs(int(qFromLittleEndian<qint16>(samples.constData() + i))));
-    QVERIFY2(loudest > 8000, "the converted sound is silent");
-    QCOMPARE(log.messages(), {QStringLiteral("Infile: \"%1\" Outfile: \"%2\"").arg(source, workFile)});
-    QCOMPARE(log.records().first().level, LogRecord::Trace);
-    QCOMPARE(log.records().first().file, QStringLiteral("src/nvrcore/classes/nvrwav"));
-    QCOMPARE(log.records().first().function, QStringLiteral("virtual bool NvrWav::importFile(const QString&)"));
-}
-
-void tst_Audio::importWithoutSox()
-{
-    m_options->setSoxLibraryEnabled(false);
-    const QString source = input(QStringLiteral("stereo.wav"));
-    NvrWav wav;
-    QVERIFY(wav.importFile(source));
-    QCOMPARE(wav.rawData(), readAll(source));
-    QCOMPARE(readAll(NvrWav::workFileName(source)), readAll(source));
-    QCOMPARE(wav.durationMs(), qint64(20000));
-}
-
-void tst_Audio::importRefusesBadInput_data()
-{
-    QTest::addColumn<QString>("name"); // "@" for the application directory
-    QTest::addColumn<QByteArray>("bytes"); // null: no such file
-    QTest::addColumn<bool>("sox");
-    const QByteArray wav = readAll(input(QStringLiteral("mono8.wav")));
-    const QList<QPair<const char *, QPair<QString, QByteArray>>> inputs = {
-        {"text named .wav", {QStringLiteral("notes.wav"), "not a sound at all\n"}},
-        {"text", {QStringLiteral("notes.txt"), "not a sound at all\n"}},
-        {"empty file", {QStringLiteral("empty.wav"), QByteArray("")}},
-        {"missing file", {QStringLiteral("missing.wav"), QByteArray()}},
-        {"header cut short", {QStringLiteral("cut.wav"), wav.left(30)}},
-        {"source is the work file", {QStringLiteral("@tmp/mono8.wav"), wav}},
-    };
-    for (const auto &in : inputs) {
-        QTest::addRow("%s, SoX on", in.first) << in.second.first << in.second.second << true;
-        QTest::addRow("%s, SoX off", in.first) << in.second.first << in.second.second << false;
-    }
-}
-
-void tst_Audio::importRefusesBadInput()
-{
-    QFETCH(QString, name);
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, sox);
-
-    m_options->setSoxLibraryEnabled(sox);
-    const QString source = name.startsWith(QLatin1Char('@')) ? TestAppDir::filePath(name.mid(1)) : input(name);
-    if (!bytes.isNull())
-        writeAll(source, bytes);
-    NvrWav wav;
-    wav.setAudioData("stale");
-    QVERIFY(!wav.importFile(source));
-    QVERIFY(wav.isEmpty());
-    QCOMPARE(QFile::exists(source), !bytes.isNull());
-    QCOMPARE(readAll(source), bytes.isNull() ? QByteArray() : bytes);
-}
-
-void tst_Audio::importWithoutSoxPresent()
-{
-    QTemporaryDir elsewhere;
-    KvCore::setApplicationDirPath(elsewhere.path());
-    LogCapture log;
-    NvrWav wav;
-    const bool imported = wav.importFile(input(QStringLiteral("stereo.wav")));
-    KvCore::setApplicationDirPath(QString());
-    QVERIFY(!imported);
-    QVERIFY(QFileInfo(elsewhere.filePath(QStringLiteral("tmp"))).isDir()); // made when missing
-    const QStringList errors = log.messages(LogRecord::Error);
-    QCOMPARE(errors.size(), 1);
-    QVERIFY2(errors.first().startsWith(QStringLiteral("Could not start %1/bin/sox.exe: ").arg(elsewhere.path())),
-             qPrintable(errors.first()));
-}
-
-void tst_Audio::deviceFormat_data()
-{
-    QTest::addColumn<QByteArray>("samples");
-    QTest::addColumn<QByteArray>("codes");
-    QTest::newRow("0") << QByteArray::fromHex("0000") << QByteArray::fromHex("0020");
-    QTest::newRow("-32768") << QByteArray::fromHex("0080") << QByteArray::fromHex("3003");
-    QTest::newRow("32767") << QByteArray::fromHex("ff7f") << QByteArray::fromHex("cc3c");
-    QTest::newRow("-1 truncates to silence") << QByteArray::fromHex("ffff") << QByteArray::fromHex("0020");
-    QTest::newRow("-100") << QByteArray::fromHex("9cff") << QByteArray::fromHex("e81f");
-    QTest::newRow("100") << QByteArray::fromHex("6400") << QByteArray::fromHex("1420");
-    QTest::newRow("trailing odd byte") << QByteArray::fromHex("6400ff") << QByteArray::fromHex("14200020");
-}
-
-void tst_Audio::deviceFormat()
-{
-    QFETCH(QByteArray, samples);
-    QFETCH(QByteArray, codes);
-
-    m_options->setSoxLibraryEnabled(false);
-    Wav plain;
-    plain.setAudioData(samples);
-    QVERIFY(plain.saveFile(input(QStringLiteral("samples.wav"))));
-    NvrWav wav;
-    wav.setDeviceFormat(true);
-    QVERIFY(wav.importFile(input(QStringLiteral("samples.wav"))));
-    QCOMPARE(wav.rawData().mid(Wav::HeaderSize), codes);
-    QCOMPARE(wav.dataSize(), samples.size()); // an odd count keeps its padding byte outside the data
-    QCOMPARE(readAll(input(QStringLiteral("samples.wav"))), plain.rawData());
-}
-
-void tst_Audio::saveFile_data()
-{
-    QTest::addColumn<QString>("given");
-    QTest::addColumn<QString>("saved");
-    QTest::addColumn<bool>("ok");
-    QTest::newRow("plain") << QStringLiteral("message.wav") << QStringLiteral("message.kv37.wav") << true;
-    QTest::newRow("complete suffix") << QStringLiteral("a.b.wav") << QStringLiteral("a.kv37.wav") << true;
-    QTest::newRow("no suffix") << QStringLiteral("noext") << QStringLiteral("noext.kv37.wav") << true;
-    QTest::newRow("upper case") << QStringLiteral("LOUD.WAV") << QStringLiteral("LOUD.kv37.wav") << true;
-    QTest::newRow("already the product's") << QStringLiteral("m.kv37.wav") << QStringLiteral("m.kv37.wav") << true;
-    // Kept: the suffix text is replaced in folder names too.
-    QTest::newRow("suffix text in a folder") << QStringLiteral("Wav/take.wav")
-                                             << QStringLiteral("kv37.wav/take.kv37.wav") << true;
-    QTest::newRow("below a file") << QStringLiteral("plain file/x") << QStringLiteral("plain file/x.kv37.wav")
-                                  << false;
-}
-
-void tst_Audio::saveFile()
-{
-    QFETCH(QString, given);
-    QFETCH(QString, saved);
-    QFETCH(bool, ok);
-
-    // Relative names, so that no folder above has the suffix text in its name.
-    const QString home = QDir::currentPath();
-    QVERIFY(QDir::setCurrent(m_dir.path()));
-    writeAll(QStringLiteral("plain file"), "x");
-    QDir().mkpath(QFileInfo(saved).path());
-    NvrWav wav;
-    const bool emptySaved = wav.saveFile(given);
-    wav.setAudioData("abcd");
-    QCOMPARE(wav.saveFileName(given), saved);
-    const bool savedOk = wav.saveFile(given);
-    const QByteArray written = readAll(saved);
-    QFile::remove(saved);
-    QVERIFY(QDir::setCurrent(home));
-    QVERIFY(!emptySaved);
-    QCOMPARE(savedOk, ok);
-    QCOMPARE(written, ok ? wav.rawData() : QByteArray());
-}
-
-void tst_Audio::byteHelpers()
-{
-    QCOMPARE(NvrWav::swapSamples(QByteArray::fromHex("01020304")), QByteArray::fromHex("02010403"));
-    QCOMPARE(NvrWav::swapSamples(QByteArray::fromHex("010203")), QByteArray::fromHex("02010003"));
-    QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("ff")), 0);
-    QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("ff7f")), 32767);
-    QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("0080ff")), 32768);
-    const unsigned char bytes[] = {0xff, 0xfe};
-    QCOMPARE(NvrWav::ucharToShort(bytes), 0xfeff);
-}
 
 QTEST_GUILESS_MAIN(tst_Audio)
 #include "tst_audio.moc"

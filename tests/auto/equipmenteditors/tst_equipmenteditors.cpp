@@ -124,9 +124,7 @@ QWidget *openEditor(QAbstractItemView *view, const QModelIndex &index)
 /// Waits for the cell's editor to close: Enter commits and closes it from the event loop.
 bool closed(QAbstractItemView *view, const QModelIndex &index)
 {
-    for (int waited = 0; view->indexWidget(index) && waited < 5000; waited += 10)
-        QTest::qWait(10);
-    return !view->indexWidget(index);
+    return QTest::qWaitFor([&] { return !view->indexWidget(index); });
 }
 
 /// Replaces the text of the cell by typing it, then ends the edit with key.
@@ -153,6 +151,7 @@ int findRow(const QAbstractItemModel *model, int column, const QString &text)
         if (cell(model, row, column) == text)
             return row;
     }
+
     return -1;
 }
 }
@@ -163,262 +162,220 @@ class tst_EquipmentEditors : public QObject
 private Q_SLOTS:
     void initTestCase() { TestAppDir::prepare(); }
     void cleanupTestCase() { TestAppDir::cleanup(); }
-    void init();
-    void cleanup();
-
-    void editorsAndViews_data();
-    void editorsAndViews();
-    void editInPlace_data();
-    void editInPlace();
-    void headSetRefusals();
-    void listColumns();
-};
-
-void tst_EquipmentEditors::init()
-{
-    // Every editor starts from the data the host ships.
-    const QDir shipped(QStringLiteral(NEVRADAT_SOURCE));
-    for (const QString &name : shipped.entryList(QDir::Files))
-        QVERIFY(QFile::copy(shipped.filePath(name), TestAppDir::filePath(QStringLiteral("nevradat/") + name)));
-}
-
-void tst_EquipmentEditors::cleanup()
-{
-    AudioSystemsModel::destroyInstance();
-    LowImpedanceIntercomsModel::destroyInstance();
-    MusicSystemsModel::destroyInstance();
-    NvrLibraries::destroyAll();
-    TestAppDir::clearData();
-}
-
-void tst_EquipmentEditors::editorsAndViews_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("viewName");
-    QTest::addColumn<QList<int>>("hidden");
-    QTest::addColumn<QString>("newToolTip");
-    QTest::addColumn<QList<int>>("listColumns");
-
-    const QList<int> none;
-    QTest::newRow("audio systems") << "AudioSystemsTableEditWidget" << "AudioSystemsTableView" << QList<int>{1, 13}
-                                   << "New Aircraft Audio System" << QList<int>{12};
-    QTest::newRow("intercoms") << "LowImpedanceIntercomsTableEditWidget" << "LowImpedanceIntercomsTableView"
-                               << QList<int>{1, 13} << "New Intercom" << QList<int>{12};
-    QTest::newRow("music systems") << "MusicSystemsTableEditWidget" << "MusicSystemsTableView" << QList<int>{1, 13}
-                                   << "New Aircraft Music System" << QList<int>{12};
-    QTest::newRow("bluetooth devices") << "BluetoothDevicesTableEditWidget" << "BluetoothDevicesTableView"
-                                       << QList<int>{1} << "New Bluetooth Device" << none;
-    QTest::newRow("non-aircraft radios") << "NonAircraftRadiosTableEditWidget" << "NonAircraftRadiosTableView"
-                                         << QList<int>{1, 11} << "New Radio" << QList<int>{4, 9, 10};
-    QTest::newRow("serial data devices") << "SerialDataDevicesTableEditWidget" << "SerialDataDevicesTableView"
-                                         << QList<int>{1} << "New Serial Data Device" << none;
-    QTest::newRow("headsets") << "HeadSetsTableEditWidget" << "HeadSetsTableView" << QList<int>{0, 8}
-                              << "New Headset" << none;
-    QTest::newRow("legends") << "LegendsConvertTableEditWidget" << "LegendsConvertTableView" << none << "New Legend"
-                             << none;
-}
-
-void tst_EquipmentEditors::editorsAndViews()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, viewName);
-    QFETCH(QList<int>, hidden);
-    QFETCH(QString, newToolTip);
-    QFETCH(QList<int>, listColumns);
-
-    const auto hiddenColumns = [](QTableView *view) {
-        QList<int> columns;
-        for (int column = 0; column < view->model()->columnCount(); ++column) {
-            if (view->isColumnHidden(column))
-                columns << column;
-        }
-        return columns;
-    };
+    void init()
     {
+        // Every editor starts from the data the host ships.
+        const QDir shipped(QStringLiteral(NEVRADAT_SOURCE));
+        for (const QString &name : shipped.entryList(QDir::Files))
+            QVERIFY(QFile::copy(shipped.filePath(name), TestAppDir::filePath(QStringLiteral("nevradat/") + name)));
+    }
+
+    void cleanup()
+    {
+        AudioSystemsModel::destroyInstance();
+        LowImpedanceIntercomsModel::destroyInstance();
+        MusicSystemsModel::destroyInstance();
+        NvrLibraries::destroyAll();
+        TestAppDir::clearData();
+    }
+
+    void editorsAndViews_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QList<int>>("hidden");
+        QTest::addColumn<QString>("newToolTip");
+        QTest::addColumn<QList<int>>("listColumns");
+
+        const QList<int> none;
+        QTest::newRow("audio systems") << "AudioSystemsTableEditWidget" << QList<int>{1, 13}
+                                       << "New Aircraft Audio System" << QList<int>{12};
+        QTest::newRow("intercoms") << "LowImpedanceIntercomsTableEditWidget" << QList<int>{1, 13} << "New Intercom"
+                                   << QList<int>{12};
+        QTest::newRow("music systems") << "MusicSystemsTableEditWidget" << QList<int>{1, 13}
+                                       << "New Aircraft Music System" << QList<int>{12};
+        QTest::newRow("bluetooth devices") << "BluetoothDevicesTableEditWidget" << QList<int>{1}
+                                           << "New Bluetooth Device" << none;
+        QTest::newRow("non-aircraft radios") << "NonAircraftRadiosTableEditWidget" << QList<int>{1, 11} << "New Radio"
+                                             << QList<int>{4, 9, 10};
+        QTest::newRow("serial data devices") << "SerialDataDevicesTableEditWidget" << QList<int>{1}
+                                             << "New Serial Data Device" << none;
+        QTest::newRow("headsets") << "HeadSetsTableEditWidget" << QList<int>{0, 8} << "New Headset" << none;
+        QTest::newRow("legends") << "LegendsConvertTableEditWidget" << none << "New Legend" << none;
+    }
+
+    void editorsAndViews()
+    {
+        QFETCH(QString, name);
+        QFETCH(QList<int>, hidden);
+        QFETCH(QString, newToolTip);
+        QFETCH(QList<int>, listColumns);
+
+        const auto hiddenColumns = [](QTableView *view) {
+            QList<int> columns;
+            for (int column = 0; column < view->model()->columnCount(); ++column) {
+                if (view->isColumnHidden(column))
+                    columns << column;
+            }
+            return columns;
+        };
+        {
+            const auto editor = showEditor(name);
+            QVERIFY(editor);
+            LibraryTableView *view = editor->libraryView();
+            QCOMPARE(editor->libraryModel(), libraries().value(name).shared());
+            QCOMPARE(button(editor.get(), "newButton")->toolTip(), newToolTip);
+            QCOMPARE(hiddenColumns(view), hidden);
+            // The shipped data gives a new user a working table: every column titled, factory records only.
+            QAbstractItemModel *model = view->model();
+            QVERIFY(model->rowCount() > 0);
+            for (int column = 0; column < model->columnCount(); ++column)
+                QVERIFY(!model->headerData(column, Qt::Horizontal).toString().isEmpty());
+            for (int row = 0; row < model->rowCount() && !name.startsWith(QLatin1String("Legends")); ++row)
+                QVERIFY(model->index(row, 0).data(Qt::EditRole).toInt() < 200);
+
+            auto *delegate = qobject_cast<ComboBoxDelegate *>(view->itemDelegate());
+            QCOMPARE(delegate != nullptr, !listColumns.isEmpty());
+            for (int column = 0; delegate && column < view->model()->columnCount(); ++column)
+                QCOMPARE(!delegate->comboItems(column).isEmpty(), listColumns.contains(column));
+
+            // Neither a saved layout that shows every column nor a reset brings the computed ones back.
+            for (int column : hidden)
+                view->showColumn(column);
+            editor->saveSettings();
+            view->model()->revert();
+            QCOMPARE(hiddenColumns(view), hidden);
+        }
+        const auto editor = showEditor(name);
+        editor->libraryView()->setColumnHidden(2, true);
+        editor->readSettings();
+        QCOMPARE(hiddenColumns(editor->libraryView()), hidden);
+    }
+
+    void editInPlace_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("column"); // a text column of a new record
+        QTest::addColumn<int>("other");  // another one
+
+        for (const QString &name : libraries().keys()) {
+            if (name.startsWith(QLatin1String("HeadSets")))
+                QTest::newRow(qPrintable(name)) << name << 2 << 5;
+            else if (name.startsWith(QLatin1String("Legends")))
+                QTest::newRow(qPrintable(name)) << name << 1 << 0;
+            else
+                QTest::newRow(qPrintable(name)) << name << 3 << 2;
+        }
+    }
+
+    void editInPlace()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, column);
+        QFETCH(int, other);
+
+        MessageBoxRecorder boxes;
         const auto editor = showEditor(name);
         QVERIFY(editor);
         LibraryTableView *view = editor->libraryView();
-        QCOMPARE(editor->objectName(), name);
-        QCOMPARE(view->objectName(), viewName);
-        QCOMPARE(editor->tableView(), view);
-        QCOMPARE(editor->libraryModel(), libraries().value(name).shared());
-        QCOMPARE(view->editTriggers(), QAbstractItemView::EditTriggers(QAbstractItemView::DoubleClicked));
-        QCOMPARE(button(editor.get(), "newButton")->toolTip(), newToolTip);
-        QCOMPARE(hiddenColumns(view), hidden);
-        // The shipped data gives a new user a working table: every column titled, factory records only.
         QAbstractItemModel *model = view->model();
-        QVERIFY(model->rowCount() > 0);
-        for (int column = 0; column < model->columnCount(); ++column)
-            QVERIFY(!model->headerData(column, Qt::Horizontal).toString().isEmpty());
-        for (int row = 0; row < model->rowCount() && !name.startsWith(QLatin1String("Legends")); ++row)
-            QVERIFY(model->index(row, 0).data(Qt::EditRole).toInt() < 200);
+        QPushButton *remove = button(editor.get(), "deleteButton");
+        const int rows = model->rowCount();
 
-        auto *delegate = qobject_cast<ComboBoxDelegate *>(view->itemDelegate());
-        QCOMPARE(delegate != nullptr, !listColumns.isEmpty());
-        for (int column = 0; delegate && column < view->model()->columnCount(); ++column)
-            QCOMPARE(!delegate->comboItems(column).isEmpty(), listColumns.contains(column));
+        QTest::mouseClick(button(editor.get(), "newButton"), Qt::LeftButton);
+        QCOMPARE(model->rowCount(), rows + 1);
+        QCOMPARE(view->currentIndex().row(), rows);
 
-        // Neither a saved layout that shows every column nor a reset brings the computed ones back.
-        for (int column : hidden)
-            view->showColumn(column);
-        editor->saveSettings();
-        view->model()->revert();
-        QCOMPARE(hiddenColumns(view), hidden);
-    }
-    const auto editor = showEditor(name);
-    editor->libraryView()->setColumnHidden(2, true);
-    editor->readSettings();
-    QCOMPARE(hiddenColumns(editor->libraryView()), hidden);
-}
+        // Enter stores the cell without saving the library; Escape drops only the edit under way.
+        QVERIFY(typeInto(view, model->index(rows, column), QStringLiteral("Typed")));
+        QCOMPARE(cell(model, rows, column), QStringLiteral("Typed"));
+        const QString otherBefore = cell(model, rows, other);
+        QVERIFY(typeInto(view, model->index(rows, other), QStringLiteral("Dropped"), Qt::Key_Escape));
+        QCOMPARE(cell(model, rows, other), otherBefore);
+        QCOMPARE(cell(model, rows, column), QStringLiteral("Typed"));
+        QCOMPARE(model->rowCount(), rows + 1);
+        QCOMPARE(findRow(libraries().value(name).fresh().get(), column, QStringLiteral("Typed")), -1);
 
-void tst_EquipmentEditors::editInPlace_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("column"); // a text column of a new record
-    QTest::addColumn<int>("other");  // another one
+        // The buttons' states are the generic editor's, tested with it; here what they do to the library counts.
+        QTest::mouseClick(button(editor.get(), "submitButton"), Qt::LeftButton);
+        const auto saved = libraries().value(name).fresh();
+        QCOMPARE(saved->rowCount(), rows + 1);
+        const int savedRow = findRow(saved.get(), column, QStringLiteral("Typed"));
+        QVERIFY(savedRow >= 0);
+        for (int c = 0; c < model->columnCount(); ++c)
+            QCOMPARE(cell(saved.get(), savedRow, c), cell(model, rows, c));
 
-    for (const QString &name : libraries().keys()) {
-        if (name.startsWith(QLatin1String("HeadSets")))
-            QTest::newRow(qPrintable(name)) << name << 2 << 5;
-        else if (name.startsWith(QLatin1String("Legends")))
-            QTest::newRow(qPrintable(name)) << name << 1 << 0;
-        else
-            QTest::newRow(qPrintable(name)) << name << 3 << 2;
-    }
-}
+        // Delete is offered for the user's record, then cancel brings the saved table back.
+        clickCell(view, model->index(rows, column));
+        QVERIFY(remove->isEnabled());
+        QTest::mouseClick(remove, Qt::LeftButton);
+        QCOMPARE(model->rowCount(), rows);
+        QTest::mouseClick(button(editor.get(), "revertButton"), Qt::LeftButton);
+        QCOMPARE(model->rowCount(), rows + 1);
+        QCOMPARE(findRow(model, column, QStringLiteral("Typed")), savedRow);
+        QCOMPARE(boxes.count(), 0);
 
-void tst_EquipmentEditors::editInPlace()
-{
-    QFETCH(QString, name);
-    QFETCH(int, column);
-    QFETCH(int, other);
-
-    MessageBoxRecorder boxes;
-    const auto editor = showEditor(name);
-    QVERIFY(editor);
-    LibraryTableView *view = editor->libraryView();
-    QAbstractItemModel *model = view->model();
-    QPushButton *submit = button(editor.get(), "submitButton");
-    QPushButton *revert = button(editor.get(), "revertButton");
-    QPushButton *remove = button(editor.get(), "deleteButton");
-    const int rows = model->rowCount();
-
-    QTest::mouseClick(button(editor.get(), "newButton"), Qt::LeftButton);
-    QCOMPARE(model->rowCount(), rows + 1);
-    QCOMPARE(view->currentIndex().row(), rows);
-    QVERIFY(submit->isEnabled());
-
-    // Enter stores the cell without saving the library; Escape drops only the edit under way.
-    QVERIFY(typeInto(view, model->index(rows, column), QStringLiteral("Typed")));
-    QCOMPARE(cell(model, rows, column), QStringLiteral("Typed"));
-    const QString otherBefore = cell(model, rows, other);
-    QVERIFY(typeInto(view, model->index(rows, other), QStringLiteral("Dropped"), Qt::Key_Escape));
-    QCOMPARE(cell(model, rows, other), otherBefore);
-    QCOMPARE(cell(model, rows, column), QStringLiteral("Typed"));
-    QCOMPARE(model->rowCount(), rows + 1);
-    QCOMPARE(findRow(libraries().value(name).fresh().get(), column, QStringLiteral("Typed")), -1);
-
-    QTest::mouseClick(submit, Qt::LeftButton);
-    QVERIFY(!submit->isEnabled());
-    QVERIFY(!revert->isEnabled());
-    const auto saved = libraries().value(name).fresh();
-    QCOMPARE(saved->rowCount(), rows + 1);
-    const int savedRow = findRow(saved.get(), column, QStringLiteral("Typed"));
-    QVERIFY(savedRow >= 0);
-    for (int c = 0; c < model->columnCount(); ++c)
-        QCOMPARE(cell(saved.get(), savedRow, c), cell(model, rows, c));
-
-    // Delete is offered for the user's record, then cancel brings the saved table back.
-    clickCell(view, model->index(rows, column));
-    QVERIFY(remove->isEnabled());
-    QTest::mouseClick(remove, Qt::LeftButton);
-    QCOMPARE(model->rowCount(), rows);
-    QVERIFY(!remove->isEnabled());
-    QVERIFY(revert->isEnabled());
-    QTest::mouseClick(revert, Qt::LeftButton);
-    QCOMPARE(model->rowCount(), rows + 1);
-    QCOMPARE(findRow(model, column, QStringLiteral("Typed")), savedRow);
-    QVERIFY(!revert->isEnabled());
-    QCOMPARE(boxes.count(), 0);
-
-    // Factory records are neither edited in place nor offered for deletion (the legends have none).
-    if (model->rowCount() > 1 && !(model->flags(model->index(0, column)) & Qt::ItemIsEditable)) {
-        QVERIFY(!openEditor(view, model->index(0, column)));
-        clickCell(view, model->index(0, column));
-        QVERIFY(!remove->isEnabled());
-    }
-}
-
-void tst_EquipmentEditors::headSetRefusals()
-{
-    MessageBoxRecorder boxes;
-    const auto editor = showEditor(QStringLiteral("HeadSetsTableEditWidget"));
-    HeadSetsModel *model = NvrLibraries::headSets();
-    QTest::mouseClick(button(editor.get(), "newButton"), Qt::LeftButton);
-    const QModelIndex level = model->index(model->rowCount() - 1, HeadSetsModel::PhonesLevelColumn);
-
-    QVERIFY(typeInto(editor->libraryView(), level, QStringLiteral("12")));
-    QCOMPARE(boxes.count(), 1);
-    QCOMPARE(boxes.last().title, QStringLiteral("Out of Range"));
-    QCOMPARE(boxes.last().text, QStringLiteral("The Receive Level must be between 1.00 and 10.0"));
-    QCOMPARE(level.data().toString(), QStringLiteral("5.50 Vrms"));
-    QVERIFY(typeInto(editor->libraryView(), level, QStringLiteral("10")));
-    QCOMPARE(level.data().toString(), QStringLiteral("10 Vrms"));
-    QCOMPARE(boxes.count(), 1);
-}
-
-void tst_EquipmentEditors::listColumns()
-{
-    const auto music = showEditor(QStringLiteral("MusicSystemsTableEditWidget"));
-    QTest::mouseClick(button(music.get(), "newButton"), Qt::LeftButton);
-    const QModelIndex flag = MusicSystemsModel::instance()->index(MusicSystemsModel::instance()->rowCount() - 1, 12);
-    auto *combo = qobject_cast<QComboBox *>(openEditor(music->libraryView(), flag));
-    QVERIFY(combo);
-    QCOMPARE(combo->currentText(), QStringLiteral("No"));
-    QCOMPARE(combo->count(), 2);
-    QTest::keyClick(combo, Qt::Key_Down);
-    QTest::keyClick(combo, Qt::Key_Return);
-    QVERIFY(closed(music->libraryView(), flag));
-    QCOMPARE(flag.data(Qt::EditRole).toString(), QStringLiteral("1"));
-    QCOMPARE(flag.data().toString(), QStringLiteral("Yes"));
-
-    const auto radios = showEditor(QStringLiteral("NonAircraftRadiosTableEditWidget"));
-    LibraryTableView *view = radios->libraryView();
-    NonAircraftRadios *model = NvrLibraries::nonAircraftRadios();
-    QTest::mouseClick(button(radios.get(), "newButton"), Qt::LeftButton);
-    const QModelIndex type = model->index(model->rowCount() - 1, 4);
-    QVERIFY(model->flags(type.siblingAtColumn(7)) & Qt::ItemIsEditable); // a new record is a receiver
-
-    // "Not Installed" chosen from the drop-down list with the mouse.
-    combo = qobject_cast<QComboBox *>(openEditor(view, type));
-    QVERIFY(combo);
-    QCOMPARE(combo->currentText(), QStringLiteral("Receiver"));
-    QCOMPARE(combo->count(), 4);
-    combo->showPopup();
-    QAbstractItemView *list = combo->view();
-    QTRY_VERIFY(list->isVisible());
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(3, 0)).center());
-    QTRY_VERIFY(!list->isVisible());
-    QTest::keyClick(combo, Qt::Key_Return);
-    QVERIFY(closed(view, type));
-    QCOMPARE(type.data(Qt::EditRole).toString(), QStringLiteral("3"));
-    QCOMPARE(type.data().toString(), QStringLiteral("Not Installed"));
-    // The MIC input applies to receivers only: no editor opens for it now.
-    for (int column : {7, 8}) {
-        QVERIFY(!(model->flags(type.siblingAtColumn(column)) & Qt::ItemIsEditable));
-        QVERIFY(!openEditor(view, type.siblingAtColumn(column)));
+        // Factory records are neither edited in place nor offered for deletion (the legends have none).
+        if (model->rowCount() > 1 && !(model->flags(model->index(0, column)) & Qt::ItemIsEditable)) {
+            QVERIFY(!openEditor(view, model->index(0, column)));
+            clickCell(view, model->index(0, column));
+            QVERIFY(!remove->isEnabled());
+        }
     }
 
-    // A type past the list selects its last entry, as the table shows it.
-    QVERIFY(model->setData(type, 7));
-    combo = qobject_cast<QComboBox *>(openEditor(view, type));
-    QVERIFY(combo);
-    QCOMPARE(combo->currentText(), QStringLiteral("Not Installed"));
-    QTest::keyClick(combo, Qt::Key_Escape);
-    combo = qobject_cast<QComboBox *>(openEditor(view, type.siblingAtColumn(10)));
-    QVERIFY(combo);
-    QCOMPARE(combo->itemText(2), QStringLiteral("A2DP (Advanced Audio Distribution Profile"));
-}
+    void listColumns()
+    {
+        const auto music = showEditor(QStringLiteral("MusicSystemsTableEditWidget"));
+        QTest::mouseClick(button(music.get(), "newButton"), Qt::LeftButton);
+        MusicSystemsModel *musicModel = MusicSystemsModel::instance();
+        const QModelIndex flag = musicModel->index(musicModel->rowCount() - 1, 12);
+        auto *combo = qobject_cast<QComboBox *>(openEditor(music->libraryView(), flag));
+        QVERIFY(combo);
+        QCOMPARE(combo->currentText(), QStringLiteral("No"));
+        QCOMPARE(combo->count(), 2);
+        QTest::keyClick(combo, Qt::Key_Down);
+        QTest::keyClick(combo, Qt::Key_Return);
+        QVERIFY(closed(music->libraryView(), flag));
+        QCOMPARE(flag.data(Qt::EditRole).toString(), QStringLiteral("1"));
+        QCOMPARE(flag.data().toString(), QStringLiteral("Yes"));
+
+        const auto radios = showEditor(QStringLiteral("NonAircraftRadiosTableEditWidget"));
+        LibraryTableView *view = radios->libraryView();
+        NonAircraftRadios *model = NvrLibraries::nonAircraftRadios();
+        QTest::mouseClick(button(radios.get(), "newButton"), Qt::LeftButton);
+        const QModelIndex type = model->index(model->rowCount() - 1, 4);
+        QVERIFY(model->flags(type.siblingAtColumn(7)) & Qt::ItemIsEditable); // a new record is a receiver
+
+        // "Not Installed" chosen from the drop-down list with the mouse.
+        combo = qobject_cast<QComboBox *>(openEditor(view, type));
+        QVERIFY(combo);
+        QCOMPARE(combo->currentText(), QStringLiteral("Receiver"));
+        QCOMPARE(combo->count(), 4);
+        combo->showPopup();
+        QAbstractItemView *list = combo->view();
+        QTRY_VERIFY(list->isVisible());
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualRect(list->model()->index(3, 0)).center());
+        QTRY_VERIFY(!list->isVisible());
+        QTest::keyClick(combo, Qt::Key_Return);
+        QVERIFY(closed(view, type));
+        QCOMPARE(type.data(Qt::EditRole).toString(), QStringLiteral("3"));
+        QCOMPARE(type.data().toString(), QStringLiteral("Not Installed"));
+        // The MIC input applies to receivers only: no editor opens for it now.
+        for (int column : {7, 8}) {
+            QVERIFY(!(model->flags(type.siblingAtColumn(column)) & Qt::ItemIsEditable));
+            QVERIFY(!openEditor(view, type.siblingAtColumn(column)));
+        }
+
+        // A type past the list selects its last entry, as the table shows it.
+        QVERIFY(model->setData(type, 7));
+        combo = qobject_cast<QComboBox *>(openEditor(view, type));
+        QVERIFY(combo);
+        QCOMPARE(combo->currentText(), QStringLiteral("Not Installed"));
+        QTest::keyClick(combo, Qt::Key_Escape);
+        combo = qobject_cast<QComboBox *>(openEditor(view, type.siblingAtColumn(10)));
+        QVERIFY(combo);
+        QCOMPARE(combo->itemText(2), QStringLiteral("A2DP (Advanced Audio Distribution Profile"));
+    }
+};
 
 QTEST_MAIN(tst_EquipmentEditors)
 #include "tst_equipmenteditors.moc"

@@ -16,30 +16,12 @@
 #include <QTest>
 
 namespace {
-
 struct Result
 {
     int exitCode = -1;
     QByteArray out;
     QByteArray err;
 };
-
-Result runTool(const QStringList &arguments, const QByteArray &input = QByteArray())
-{
-    QProcess tool;
-    tool.start(QStringLiteral(NVRTOOL_BINARY), arguments);
-    Result result;
-    if (!tool.waitForStarted(30000))
-        return result;
-    tool.write(input);
-    tool.closeWriteChannel();
-    if (!tool.waitForFinished(60000) || tool.exitStatus() != QProcess::NormalExit)
-        return result;
-    result.exitCode = tool.exitCode();
-    result.out = tool.readAllStandardOutput();
-    result.err = tool.readAllStandardError();
-    return result;
-}
 
 bool writeFile(const QString &fileName, const QByteArray &bytes)
 {
@@ -52,410 +34,303 @@ QByteArray readFile(const QString &fileName)
     QFile file(fileName);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-
-// A failure or usage error says what failed in one line, and prints no result.
-#define VERIFY_ONE_LINE_ERROR(result, code, needle)                                                      \
-    do {                                                                                                 \
-        QCOMPARE((result).exitCode, code);                                                               \
-        QVERIFY2((result).err.startsWith("nvrtool: ") && (result).err.count('\n') == 1, (result).err);   \
-        QVERIFY2((result).err.contains(needle), (result).err);                                           \
-        QVERIFY((result).out.isEmpty());                                                                 \
-    } while (false)
-
 }
 
 class tst_NvrTool : public QObject
 {
     Q_OBJECT
+
+    /// Runs the tool; "@" in an argument stands for the fixture folder, "@data" for its data folder.
+    Result run(QStringList arguments, const QByteArray &input = QByteArray()) const
+    {
+        arguments.replaceInStrings("@data", m_dir.filePath("nevradat")).replaceInStrings("@", m_dir.path() + '/');
+        QProcess tool;
+        tool.start(QStringLiteral(NVRTOOL_BINARY), arguments);
+        Result result;
+        if (!tool.waitForStarted(30000))
+            return result;
+        tool.write(input);
+        tool.closeWriteChannel();
+        if (!tool.waitForFinished(60000) || tool.exitStatus() != QProcess::NormalExit)
+            return result;
+        result.exitCode = tool.exitCode();
+        result.out = tool.readAllStandardOutput();
+        result.err = tool.readAllStandardError();
+        return result;
+    }
+    QByteArray output(const QStringList &arguments, const QByteArray &input = QByteArray()) const
+    {
+        const Result result = run(arguments, input);
+        return result.exitCode == 0 && result.err.isEmpty() ? result.out : "failed: " + result.err;
+    }
+    QString path(const QString &name) const { return m_dir.filePath(name); }
+
+    // An application folder with its data folder and the SoX link, a sound, a lookup table and a
+    // regular file to make paths through it fail.
+    QTemporaryDir m_dir;
+
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void commandLine_data();
-    void commandLine();
-    void addressCodes();
-    void headerRoundTrip();
-    void headerErrors_data();
-    void headerErrors();
-    void portsFollowTheLinks();
-    void wavImport();
-    void libraryExport();
-    void lookupNearestEntry();
+    void initTestCase()
+    {
+        TestAppDir::prepare();
+        QDir(m_dir.path()).mkpath("nevradat");
+        QDir(m_dir.path()).mkpath("bin");
+        const QString sox = QStandardPaths::findExecutable("sox");
+        QVERIFY(QFile::link(sox, path("bin/sox.exe")));
+        QCOMPARE(QProcess::execute(sox, QStringList{"-n", "-r", "44100", "-c", "2", "-b", "16", path("tone.wav"),
+                                                    "synth", "0.5", "sine", "440"}),
+                 0);
+        QVERIFY(writeFile(path("notes.txt"), "no sound in here\n"));
+        QVERIFY(writeFile(path("file"), "a regular file, no folder"));
+        QVERIFY(writeFile(path("levels.ini"), "[volume]\ncount=4\n0=Off,00\n1=5,0A\n2=10,114\n3=20,1E\ndefault=Off\n"));
+    }
 
-private:
-    /// A fresh application directory with its "nevradat" folder and the SoX link.
-    QString makeAppDir(const QTemporaryDir &dir) const;
+    void cleanupTestCase() { TestAppDir::cleanup(); }
+
+    void helpAndVersion()
+    {
+        QVERIFY(output({"--version"}).startsWith("nvrtool 0."));
+        QVERIFY(output({"--help"}).contains("lookup"));
+        QVERIFY(output({"lib", "--help"}).contains("radios"));
+    }
+
+    void errors_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QByteArray>("input");
+        QTest::addColumn<int>("exitCode"); // 2: usage, 1: failure
+        QTest::addColumn<QByteArray>("needle");
+        const QByteArray none;
+
+        QTest::newRow("no command") << QStringList() << none << 2 << QByteArray("no command");
+        QTest::newRow("unknown command") << QStringList{"frobnicate"} << none << 2 << QByteArray("frobnicate");
+        QTest::newRow("unknown option") << QStringList{"ports", "--bogus"} << none << 2 << QByteArray("bogus");
+        QTest::newRow("extra argument") << QStringList{"ports", "extra", "--data", "@data"} << none << 2
+                                        << QByteArray("extra");
+        QTest::newRow("missing data directory") << QStringList{"ports", "--data", "/nonexistent/nevradat"} << none
+                                                << 1 << QByteArray("/nonexistent/nevradat");
+        // One bad code fails the whole run, so a script never reads half an answer.
+        QTest::newRow("bad address") << QStringList{"address", "D:0.20.01", "P:0.20.01.0F"} << none << 1
+                                     << QByteArray("not a memory code: P:0.20.01.0F");
+        QTest::newRow("no address") << QStringList{"address"} << none << 2 << QByteArray("no code");
+
+        const QStringList encode = {"header", "encode", "--model", "M", "--serial", "1"};
+        QTest::newRow("header file missing") << QStringList{"header", "decode", "@none.bin"} << none << 1
+                                             << QByteArray("cannot read");
+        QTest::newRow("short header") << QStringList{"header", "decode", "-"} << QByteArray(55, '\x01') << 1
+                                      << QByteArray("55 bytes, 56 needed");
+        QTest::newRow("no header file named") << QStringList{"header", "decode"} << none << 2
+                                              << QByteArray("one file");
+        QTest::newRow("no header action") << QStringList{"header"} << none << 2
+                                          << QByteArray("decode or encode");
+        QTest::newRow("no header output") << encode << none << 2 << QByteArray("required");
+        QTest::newRow("model too long")
+            << QStringList{"header", "encode", "--model", QString(17, 'M'), "--serial", "1", "-o", "@h.bin"} << none
+            << 2 << QByteArray("model longer than 16");
+        QTest::newRow("serial too long")
+            << QStringList{"header", "encode", "--model", "M", "--serial", "123456789", "-o", "@h.bin"} << none << 2
+            << QByteArray("serial longer than 8");
+        QTest::newRow("bad mod status") << encode + QStringList{"--mod-status", "0xZZ", "-o", "@h.bin"} << none
+                                        << 2 << QByteArray("not a number: 0xZZ");
+        QTest::newRow("header unwritable") << encode + QStringList{"-o", "@file/h.bin"} << none << 1
+                                           << QByteArray("cannot write");
+
+        QTest::newRow("wav missing") << QStringList{"wav", "import", "@none.wav", "-o", "@x.wav", "--data", "@data"}
+                                     << none << 1 << QByteArray("no such file");
+        QTest::newRow("wav not a sound")
+            << QStringList{"wav", "import", "@notes.txt", "-o", "@x.wav", "--data", "@data"} << none << 1
+            << QByteArray("cannot import");
+        QTest::newRow("wav unwritable")
+            << QStringList{"wav", "import", "@tone.wav", "-o", "@file/x.wav", "--data", "@data"} << none << 1
+            << QByteArray("cannot write");
+        QTest::newRow("wav no output") << QStringList{"wav", "import", "@tone.wav", "--data", "@data"} << none << 2
+                                       << QByteArray("--output");
+        QTest::newRow("wav export") << QStringList{"wav", "export", "@tone.wav", "-o", "@x.wav", "--data", "@data"}
+                                    << none << 2 << QByteArray("import IN");
+
+        QTest::newRow("unknown library") << QStringList{"lib", "export", "headphones", "--data", "@data"} << none
+                                         << 1 << QByteArray("unknown library: headphones");
+        QTest::newRow("unknown format")
+            << QStringList{"lib", "export", "radios", "--format", "xml", "--data", "@data"} << none << 2
+            << QByteArray("unknown format: xml");
+        QTest::newRow("library import") << QStringList{"lib", "import", "radios", "--data", "@data"} << none << 2
+                                        << QByteArray("export NAME");
+        QTest::newRow("library without data") << QStringList{"lib", "export", "radios", "--data", "@gone"} << none
+                                              << 1 << QByteArray("no data directory");
+
+        QTest::newRow("lookup file missing") << QStringList{"lookup", "@none.ini", "volume", "1"} << none << 1
+                                             << QByteArray("no such file");
+        QTest::newRow("lookup group missing") << QStringList{"lookup", "@levels.ini", "balance", "1"} << none << 1
+                                              << QByteArray("no entries in group balance");
+        QTest::newRow("lookup not a number") << QStringList{"lookup", "@levels.ini", "volume", "loud"} << none << 2
+                                             << QByteArray("not a number: loud");
+        QTest::newRow("lookup too few") << QStringList{"lookup", "@levels.ini", "volume"} << none << 2
+                                        << QByteArray("FILE GROUP VALUE");
+    }
+
+    void errors()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(QByteArray, input);
+        QFETCH(int, exitCode);
+        QFETCH(QByteArray, needle);
+        // A failure or usage error says what failed in one line, and prints and writes no result.
+        const Result result = run(arguments, input);
+        QCOMPARE(result.exitCode, exitCode);
+        QVERIFY2(result.err.startsWith("nvrtool: ") && result.err.count('\n') == 1, result.err);
+        QVERIFY2(result.err.contains(needle), result.err);
+        QVERIFY(result.out.isEmpty());
+        QVERIFY(!QFile::exists(path("h.bin")) && !QFile::exists(path("x.kv37.wav")));
+    }
+
+    void addressCodes()
+    {
+        QCOMPARE(output({"address", "D:0.20.01", "I:1.2A.05.LD", "E:0.50.10.20", "P:0.20.01"}),
+                 QByteArray("D:0.20.01: DCP Level, bus 0, device 32, address 1, size 1, pin active -1, pull-up -1\n"
+                            "I:1.2A.05.LD: I/O Pin, bus 1, device 42, address 5, size 1, pin active 0, pull-up 0\n"
+                            "E:0.50.10.20: EEPROM, bus 0, device 80, address 16, size 32, pin active -1, pull-up -1\n"
+                            "P:0.20.01: I/O Port, bus 0, device 32, address 1, size 1, pin active -1, pull-up 255\n"));
+
+        const QJsonArray array = QJsonDocument::fromJson(output({"address", "--json", "P:0.20.01.FF"})).array();
+        QCOMPARE(array.size(), 1);
+        const QJsonObject code = array.first().toObject();
+        QCOMPARE(code.value("fieldTypeName").toString(), QStringLiteral("I/O Port"));
+        QCOMPARE(code.value("fieldType").toInt(), int(Nevra::IoPortField));
+        QCOMPARE(code.value("pullUpConfig").toInt(), 255);
+    }
+
+    void headerRoundTrip()
+    {
+        const QString raw = path("header.bin");
+        const QString hex = path("header.txt");
+        QVERIFY(!output({"header", "encode", "--model", "KV-37 PANEL", "--serial", "A1234567", "--mod-status",
+                         "0x205", "--build-configuration", "C", "-o", raw})
+                     .startsWith("failed"));
+        const QByteArray bytes = readFile(raw);
+        QCOMPARE(bytes.size(), 56);
+        ProductDataHeader header;
+        QVERIFY(header.setData(bytes));
+        QCOMPARE(header.productModel, QStringLiteral("KV-37 PANEL"));
+        QCOMPARE(header.serialNumber, QStringLiteral("A1234567"));
+        QCOMPARE(header.modStatus, 0x205u);
+        // Written into its field, but a writer's version up to x.69 makes readers ignore it.
+        QCOMPARE(bytes.mid(36, 4), QByteArray("C\0\0\0", 4));
+        QCOMPARE(header.buildConfiguration, QStringLiteral("A"));
+        QCOMPARE(header.headerCrc, header.calculatedHeaderCrc);
+        QVERIFY(header.createdTime != 0);
+        QCOMPARE(header.programTime, 0u);
+
+        const QByteArray decoded = output({"header", "decode", raw});
+        QVERIFY2(decoded.startsWith("Product Model: KV-37 PANEL\nSerial #: A1234567\n"
+                                    "Mod Status: 0x00000205 (1,3,10)\nBuild Configuration: A\n"),
+                 decoded);
+        QVERIFY2(decoded.contains("Data Last Modified: none\n"), decoded);
+        QVERIFY2(decoded.endsWith("Product Header Crc: 0x"
+                                  + QByteArray::number(header.headerCrc, 16).toUpper().rightJustified(8, '0')
+                                  + " (matches)\n"),
+                 decoded);
+
+        // Hex text from a file or from standard input decodes to the same fields.
+        QVERIFY(writeFile(hex, bytes.toHex(' ') + '\n'));
+        QCOMPARE(output({"header", "decode", hex}), decoded);
+        QCOMPARE(output({"header", "decode", "-"}, bytes), decoded);
+        QCOMPARE(output({"header", "decode", "-"}, bytes.toHex()), decoded);
+
+        // The --hex form of encode is what decode reads back, programming time included.
+        QVERIFY(!output({"header", "encode", "--model", "M", "--serial", "1", "--hex", "--programmed", "--output",
+                         hex})
+                     .startsWith("failed"));
+        QVERIFY(readFile(hex).startsWith("4D 00 00"));
+        const QByteArray programmed = output({"header", "decode", hex});
+        QVERIFY2(programmed.contains("Build Configuration: A\n") && !programmed.contains("Modified: none"),
+                 programmed);
+
+        // A changed model byte breaks the header CRC: reported, yet still decoded.
+        QByteArray damaged = bytes;
+        damaged[0] = 'X';
+        QVERIFY(writeFile(raw, damaged));
+        QByteArray out = output({"header", "decode", raw});
+        QVERIFY2(out.contains("Product Model: XV-37 PANEL\n") && out.contains(" (mismatch, calculated 0x"), out);
+        out = output({"header", "decode", "--html", raw});
+        QVERIFY(out.startsWith("<table"));
+        QVERIFY(out.contains("<b>Product Model:</b></td><td>XV-37 PANEL</td>"));
+        QVERIFY(out.contains("<span style='color:red'> [Calculated = 0x"));
+    }
+
+    void portsFollowTheLinks()
+    {
+        QDir(m_dir.path()).mkpath("ports");
+        QVERIFY(QFile::link("/dev/ptmx", path("ports/COM12")));
+        QVERIFY(QFile::link("/dev/ptmx", path("ports/COM3")));
+        QCOMPARE(output({"ports", "--data", "@data"}), QByteArray("3\tCOM3\n12\tCOM12\n"));
+    }
+
+    void wavImport()
+    {
+        const QString converted = path("out.kv37.wav");
+        QCOMPARE(output({"wav", "import", "@tone.wav", "-o", "@out.wav", "--data", "@data"}),
+                 converted.toUtf8() + '\n');
+        Wav wav;
+        QVERIFY(wav.readFile(converted));
+        QCOMPARE(QVector<uint>({wav.format().channels, wav.format().sampleRate, wav.format().bitsPerSample}),
+                 QVector<uint>({1, 22050, 16}));
+        const QByteArray plain = readFile(converted);
+
+        // The device form rewrites every sample: same size, other bytes.
+        QVERIFY(!output({"wav", "import", "@tone.wav", "--device-format", "-o", "@device", "--data", "@data"})
+                     .startsWith("failed"));
+        const QByteArray device = readFile(path("device.kv37.wav"));
+        QCOMPARE(device.size(), plain.size());
+        QVERIFY(device != plain);
+
+        // Without SoX the file is taken as it is: still two channels at 44.1 kHz.
+        QVERIFY(!output({"wav", "import", "@tone.wav", "--no-sox", "-o", "@copy.wav", "--data", "@data"})
+                     .startsWith("failed"));
+        QVERIFY(wav.readFile(path("copy.kv37.wav")));
+        QCOMPARE(QVector<uint>({wav.format().channels, wav.format().sampleRate}), QVector<uint>({2, 44100}));
+    }
+
+    void libraryExport()
+    {
+        const QByteArray csv = "Id,Name,Company,Model,Vrms,Note\n"
+                               "3,Factory,Acme,Box 1,0.5,\"loud, clear\"\n"
+                               "200,Mine,Own,Say hi,0.7,\n";
+        QVERIFY(writeFile(path("nevradat/bluetoothdevices.csv"), csv));
+        QVERIFY(writeFile(path("nevradat/products.dat"),
+                          R"({"kvlproducts": {"products": [{"productNumber": "11-100", "startBuildConfigRev": "A",
+                              "endBuildConfigRev": "C", "hardwareConfiguration": "2"}]}})"));
+        QVERIFY(writeFile(path("nevradat/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
+
+        QCOMPARE(output({"lib", "export", "bluetoothdevices", "--data", "@data"}), csv);
+        const QByteArray json = output({"lib", "export", "bluetoothdevices", "--format", "json", "--data", "@data"});
+        const QJsonArray rows = QJsonDocument::fromJson(json).array();
+        QCOMPARE(rows.size(), 2);
+        QCOMPARE(rows.at(1).toObject().value("Id").toString(), QStringLiteral("200"));
+        QCOMPARE(rows.at(0).toObject().value("Note").toString(), QStringLiteral("loud, clear"));
+
+        // The products file is found from the working directory, which the tool moves to the data's parent.
+        QCOMPARE(output({"lib", "export", "products", "--data", "@data"}),
+                 QByteArray("Product Number,Starting Build Config Rev,Ending Build Config Rev,"
+                            "Hardware Configuration\n11-100,A,C,2\n"));
+
+        // Without their files, radios and headsets start from their factory tables.
+        QByteArray out = output({"lib", "export", "radios", "--data", "@data"});
+        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n0,Radio Not Installed,"), out);
+        out = output({"lib", "export", "headsets", "--data", "@data"});
+        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n1,Default Headset,"), out);
+        out = output({"lib", "export", "legendsconvert", "--format", "json", "--data", "@data"});
+        QVERIFY2(out.contains("\"COM 1\""), out);
+    }
+
+    void lookupNearestEntry()
+    {
+        // Nearest by magnitude, the lower one on a tie; only the code's low byte counts.
+        const QList<QPair<QString, QByteArray>> rows = {
+            {"7", "1\t5\t0A\n"}, {"7.5", "1\t5\t0A\n"}, {"8", "2\t10\t14\n"}, {"99", "3\t20\t1E\n"}};
+        for (const auto &row : rows)
+            QCOMPARE(output({"lookup", "@levels.ini", "volume", row.first}), row.second);
+    }
 };
-
-void tst_NvrTool::initTestCase()
-{
-    TestAppDir::prepare();
-}
-
-void tst_NvrTool::cleanupTestCase()
-{
-    TestAppDir::cleanup();
-}
-
-QString tst_NvrTool::makeAppDir(const QTemporaryDir &dir) const
-{
-    QDir(dir.path()).mkpath(QStringLiteral("nevradat"));
-    QDir(dir.path()).mkpath(QStringLiteral("bin"));
-    QFile::link(QStandardPaths::findExecutable(QStringLiteral("sox")), dir.filePath(QStringLiteral("bin/sox.exe")));
-    return dir.filePath(QStringLiteral("nevradat"));
-}
-
-void tst_NvrTool::commandLine_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QByteArray>("needle");
-
-    QTest::newRow("version") << QStringList{QStringLiteral("--version")} << 0 << QByteArray("nvrtool 0.");
-    QTest::newRow("help") << QStringList{QStringLiteral("--help")} << 0 << QByteArray("lookup");
-    QTest::newRow("command help") << QStringList{QStringLiteral("lib"), QStringLiteral("--help")} << 0
-                                  << QByteArray("radios");
-    QTest::newRow("no command") << QStringList() << 2 << QByteArray("no command");
-    QTest::newRow("unknown command") << QStringList{QStringLiteral("frobnicate")} << 2 << QByteArray("frobnicate");
-    QTest::newRow("unknown option") << QStringList{QStringLiteral("--bogus")} << 2 << QByteArray("bogus");
-    QTest::newRow("unknown command option") << QStringList{QStringLiteral("ports"), QStringLiteral("--bogus")} << 2
-                                            << QByteArray("bogus");
-    QTest::newRow("missing data directory")
-        << QStringList{QStringLiteral("ports"), QStringLiteral("--data"), QStringLiteral("/nonexistent/nevradat")} << 1
-        << QByteArray("/nonexistent/nevradat");
-}
-
-void tst_NvrTool::commandLine()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(int, exitCode);
-    QFETCH(QByteArray, needle);
-    const Result result = runTool(arguments);
-    if (exitCode == 0) {
-        QCOMPARE(result.exitCode, 0);
-        QVERIFY2(result.out.contains(needle), result.out);
-        QVERIFY(result.err.isEmpty());
-    } else {
-        VERIFY_ONE_LINE_ERROR(result, exitCode, needle);
-    }
-}
-
-void tst_NvrTool::addressCodes()
-{
-    Result result = runTool({QStringLiteral("address"), QStringLiteral("D:0.20.01"), QStringLiteral("I:1.2A.05.LD"),
-                             QStringLiteral("E:0.50.10.20"), QStringLiteral("P:0.20.01")});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out,
-             QByteArray("D:0.20.01: DCP Level, bus 0, device 32, address 1, size 1, pin active -1, pull-up -1\n"
-                        "I:1.2A.05.LD: I/O Pin, bus 1, device 42, address 5, size 1, pin active 0, pull-up 0\n"
-                        "E:0.50.10.20: EEPROM, bus 0, device 80, address 16, size 32, pin active -1, pull-up -1\n"
-                        "P:0.20.01: I/O Port, bus 0, device 32, address 1, size 1, pin active -1, pull-up 255\n"));
-
-    result = runTool({QStringLiteral("address"), QStringLiteral("--json"), QStringLiteral("P:0.20.01.FF")});
-    QCOMPARE(result.exitCode, 0);
-    const QJsonArray array = QJsonDocument::fromJson(result.out).array();
-    QCOMPARE(array.size(), 1);
-    const QJsonObject code = array.first().toObject();
-    QCOMPARE(code.value(QLatin1String("fieldTypeName")).toString(), QStringLiteral("I/O Port"));
-    QCOMPARE(code.value(QLatin1String("fieldType")).toInt(), int(Nevra::IoPortField));
-    QCOMPARE(code.value(QLatin1String("pullUpConfig")).toInt(), 255);
-
-    // One bad code fails the whole run, so a script never reads half an answer.
-    result = runTool({QStringLiteral("address"), QStringLiteral("D:0.20.01"), QStringLiteral("P:0.20.01.0F")});
-    VERIFY_ONE_LINE_ERROR(result, 1, "not a memory code: P:0.20.01.0F");
-    result = runTool({QStringLiteral("address")});
-    VERIFY_ONE_LINE_ERROR(result, 2, "no code");
-}
-
-void tst_NvrTool::headerRoundTrip()
-{
-    QTemporaryDir dir;
-    const QString raw = dir.filePath(QStringLiteral("header.bin"));
-    const QString hex = dir.filePath(QStringLiteral("header.txt"));
-    Result result = runTool({QStringLiteral("header"), QStringLiteral("encode"), QStringLiteral("--model"),
-                             QStringLiteral("KV-37 PANEL"), QStringLiteral("--serial"), QStringLiteral("A1234567"),
-                             QStringLiteral("--mod-status"), QStringLiteral("0x205"),
-                             QStringLiteral("--build-configuration"), QStringLiteral("C"), QStringLiteral("-o"), raw});
-    QCOMPARE(result.exitCode, 0);
-    const QByteArray bytes = readFile(raw);
-    QCOMPARE(bytes.size(), 56);
-    ProductDataHeader header;
-    QVERIFY(header.setData(bytes));
-    QCOMPARE(header.productModel, QStringLiteral("KV-37 PANEL"));
-    QCOMPARE(header.serialNumber, QStringLiteral("A1234567"));
-    QCOMPARE(header.modStatus, 0x205u);
-    // Written into its field, but a writer's version up to x.69 makes readers ignore it.
-    QCOMPARE(bytes.mid(36, 4), QByteArray("C\0\0\0", 4));
-    QCOMPARE(header.buildConfiguration, QStringLiteral("A"));
-    QCOMPARE(header.headerCrc, header.calculatedHeaderCrc);
-    QVERIFY(header.createdTime != 0);
-    QCOMPARE(header.programTime, 0u);
-
-    result = runTool({QStringLiteral("header"), QStringLiteral("decode"), raw});
-    QCOMPARE(result.exitCode, 0);
-    const QByteArray decoded = result.out;
-    QVERIFY2(decoded.startsWith("Product Model: KV-37 PANEL\nSerial #: A1234567\nMod Status: 0x00000205 (1,3,10)\n"
-                                "Build Configuration: A\n"),
-             decoded);
-    QVERIFY2(decoded.contains("Data Last Modified: none\n"), decoded);
-    QVERIFY2(decoded.endsWith(QByteArray("Product Header Crc: ") +
-                              QByteArray::number(header.headerCrc, 16).toUpper().rightJustified(8, '0').prepend("0x") +
-                              " (matches)\n"),
-             decoded);
-
-    // Hex text from a file or from standard input decodes to the same fields.
-    QVERIFY(writeFile(hex, bytes.toHex(' ') + '\n'));
-    QCOMPARE(runTool({QStringLiteral("header"), QStringLiteral("decode"), hex}).out, decoded);
-    QCOMPARE(runTool({QStringLiteral("header"), QStringLiteral("decode"), QStringLiteral("-")}, bytes).out, decoded);
-    QCOMPARE(runTool({QStringLiteral("header"), QStringLiteral("decode"), QStringLiteral("-")}, bytes.toHex()).out,
-             decoded);
-
-    // The --hex form of encode is what decode reads back, programming time included.
-    result = runTool({QStringLiteral("header"), QStringLiteral("encode"), QStringLiteral("--model"),
-                      QStringLiteral("M"), QStringLiteral("--serial"), QStringLiteral("1"), QStringLiteral("--hex"),
-                      QStringLiteral("--programmed"), QStringLiteral("--output"), hex});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY(readFile(hex).startsWith("4D 00 00"));
-    result = runTool({QStringLiteral("header"), QStringLiteral("decode"), hex});
-    QVERIFY2(result.out.contains("Build Configuration: A\n") && !result.out.contains("Modified: none"), result.out);
-
-    // A changed model byte breaks the header CRC: reported, yet still decoded.
-    QByteArray damaged = bytes;
-    damaged[0] = 'X';
-    QVERIFY(writeFile(raw, damaged));
-    result = runTool({QStringLiteral("header"), QStringLiteral("decode"), raw});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.out.contains("Product Model: XV-37 PANEL\n"), result.out);
-    QVERIFY2(result.out.contains(" (mismatch, calculated 0x"), result.out);
-
-    result = runTool({QStringLiteral("header"), QStringLiteral("decode"), QStringLiteral("--html"), raw});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY(result.out.startsWith("<table"));
-    QVERIFY(result.out.contains("<b>Product Model:</b></td><td>XV-37 PANEL</td>"));
-    QVERIFY(result.out.contains("<span style='color:red'> [Calculated = 0x"));
-}
-
-void tst_NvrTool::headerErrors_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QByteArray>("input");
-    QTest::addColumn<int>("exitCode");
-    QTest::addColumn<QByteArray>("needle");
-
-    const QString decode = QStringLiteral("decode");
-    const QString encode = QStringLiteral("encode");
-    const QStringList valid = {encode, QStringLiteral("--model"), QStringLiteral("M"), QStringLiteral("--serial"),
-                               QStringLiteral("1")};
-    QTest::newRow("missing file") << QStringList{decode, QStringLiteral("@dir/none.bin")} << QByteArray() << 1
-                                  << QByteArray("cannot read");
-    QTest::newRow("short header") << QStringList{decode, QStringLiteral("-")} << QByteArray(55, '\x01') << 1
-                                  << QByteArray("55 bytes, 56 needed");
-    QTest::newRow("short hex text") << QStringList{decode, QStringLiteral("-")} << QByteArray("4D 00 00\n") << 1
-                                    << QByteArray("3 bytes, 56 needed");
-    QTest::newRow("empty input") << QStringList{decode, QStringLiteral("-")} << QByteArray() << 1
-                                 << QByteArray("0 bytes");
-    QTest::newRow("no file named") << QStringList{decode} << QByteArray() << 2 << QByteArray("one file");
-    QTest::newRow("no action") << QStringList() << QByteArray() << 2 << QByteArray("decode or encode");
-    QTest::newRow("unknown action") << QStringList{QStringLiteral("patch")} << QByteArray() << 2
-                                    << QByteArray("patch");
-    QTest::newRow("no output") << valid << QByteArray() << 2 << QByteArray("required");
-    QTest::newRow("model too long") << QStringList{encode, QStringLiteral("--model"), QString(17, QLatin1Char('M')),
-                                                   QStringLiteral("--serial"), QStringLiteral("1"),
-                                                   QStringLiteral("-o"), QStringLiteral("@dir/h.bin")}
-                                    << QByteArray() << 2 << QByteArray("model longer than 16");
-    QTest::newRow("serial too long") << QStringList{encode, QStringLiteral("--model"), QStringLiteral("M"),
-                                                    QStringLiteral("--serial"), QStringLiteral("123456789"),
-                                                    QStringLiteral("-o"), QStringLiteral("@dir/h.bin")}
-                                     << QByteArray() << 2 << QByteArray("serial longer than 8");
-    QTest::newRow("bad mod status") << valid + QStringList{QStringLiteral("--mod-status"), QStringLiteral("0xZZ"),
-                                                           QStringLiteral("-o"), QStringLiteral("@dir/h.bin")}
-                                    << QByteArray() << 2 << QByteArray("not a number: 0xZZ");
-    QTest::newRow("unwritable output") << valid + QStringList{QStringLiteral("-o"), QStringLiteral("@dir/file/h.bin")}
-                                       << QByteArray() << 1 << QByteArray("cannot write");
-}
-
-void tst_NvrTool::headerErrors()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(QByteArray, input);
-    QFETCH(int, exitCode);
-    QFETCH(QByteArray, needle);
-    QTemporaryDir dir;
-    QVERIFY(writeFile(dir.filePath(QStringLiteral("file")), "a regular file, no folder"));
-    arguments.replaceInStrings(QStringLiteral("@dir"), dir.path());
-    const Result result = runTool(QStringList{QStringLiteral("header")} + arguments, input);
-    VERIFY_ONE_LINE_ERROR(result, exitCode, needle);
-    QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("h.bin"))));
-}
-
-void tst_NvrTool::portsFollowTheLinks()
-{
-    QTemporaryDir dir;
-    const QString data = makeAppDir(dir);
-    QDir(dir.path()).mkpath(QStringLiteral("ports"));
-    QVERIFY(QFile::link(QStringLiteral("/dev/ptmx"), dir.filePath(QStringLiteral("ports/COM12"))));
-    QVERIFY(QFile::link(QStringLiteral("/dev/ptmx"), dir.filePath(QStringLiteral("ports/COM3"))));
-    Result result = runTool({QStringLiteral("ports"), QStringLiteral("--data"), data});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out, QByteArray("3\tCOM3\n12\tCOM12\n"));
-
-    result = runTool({QStringLiteral("ports"), QStringLiteral("extra"), QStringLiteral("--data"), data});
-    VERIFY_ONE_LINE_ERROR(result, 2, "extra");
-}
-
-void tst_NvrTool::wavImport()
-{
-    QTemporaryDir dir;
-    const QString data = makeAppDir(dir);
-    const QString source = dir.filePath(QStringLiteral("tone.wav"));
-    QProcess sox;
-    sox.start(QStandardPaths::findExecutable(QStringLiteral("sox")),
-              {QStringLiteral("-n"), QStringLiteral("-r"), QStringLiteral("44100"), QStringLiteral("-c"),
-               QStringLiteral("2"), QStringLiteral("-b"), QStringLiteral("16"), source, QStringLiteral("synth"),
-               QStringLiteral("0.5"), QStringLiteral("sine"), QStringLiteral("440")});
-    QVERIFY(sox.waitForFinished(30000) && sox.exitCode() == 0);
-
-    const QString converted = dir.filePath(QStringLiteral("out.kv37.wav"));
-    Result result = runTool({QStringLiteral("wav"), QStringLiteral("import"), source, QStringLiteral("-o"),
-                             dir.filePath(QStringLiteral("out.wav")), QStringLiteral("--data"), data});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out, converted.toUtf8() + '\n');
-    Wav wav;
-    QVERIFY(wav.readFile(converted));
-    QCOMPARE(wav.format().channels, quint16(1));
-    QCOMPARE(wav.format().sampleRate, quint32(22050));
-    QCOMPARE(wav.format().bitsPerSample, quint16(16));
-    const QByteArray plain = readFile(converted);
-
-    // The device form rewrites every sample: same size, other bytes.
-    result = runTool({QStringLiteral("wav"), QStringLiteral("import"), source, QStringLiteral("--device-format"),
-                      QStringLiteral("-o"), dir.filePath(QStringLiteral("device")), QStringLiteral("--data"), data});
-    QCOMPARE(result.exitCode, 0);
-    const QByteArray device = readFile(dir.filePath(QStringLiteral("device.kv37.wav")));
-    QCOMPARE(device.size(), plain.size());
-    QVERIFY(device != plain);
-
-    // Without SoX the file is taken as it is: still two channels at 44.1 kHz.
-    result = runTool({QStringLiteral("wav"), QStringLiteral("import"), source, QStringLiteral("--no-sox"),
-                      QStringLiteral("-o"), dir.filePath(QStringLiteral("copy.wav")), QStringLiteral("--data"), data});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY(wav.readFile(dir.filePath(QStringLiteral("copy.kv37.wav"))));
-    QCOMPARE(wav.format().channels, quint16(2));
-    QCOMPARE(wav.format().sampleRate, quint32(44100));
-
-    const QString text = dir.filePath(QStringLiteral("notes.txt"));
-    QVERIFY(writeFile(text, "no sound in here\n"));
-    QVERIFY(writeFile(dir.filePath(QStringLiteral("file")), "a regular file, no folder"));
-    const QString out = dir.filePath(QStringLiteral("x.wav"));
-    const QString wavCommand = QStringLiteral("wav");
-    const QString import = QStringLiteral("import");
-    const QString dataOption = QStringLiteral("--data");
-    result = runTool({wavCommand, import, dir.filePath(QStringLiteral("none.wav")), QStringLiteral("-o"), out,
-                      dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 1, "no such file");
-    result = runTool({wavCommand, import, text, QStringLiteral("-o"), out, dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 1, "cannot import");
-    result = runTool({wavCommand, import, text, QStringLiteral("--no-sox"), QStringLiteral("-o"), out, dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 1, "cannot import");
-    result = runTool({wavCommand, import, source, QStringLiteral("-o"), dir.filePath(QStringLiteral("file/x.wav")),
-                      dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 1, "cannot write");
-    result = runTool({wavCommand, import, source, dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 2, "--output");
-    result = runTool({wavCommand, QStringLiteral("export"), source, QStringLiteral("-o"), out, dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 2, "import IN");
-    QVERIFY(!QFile::exists(dir.filePath(QStringLiteral("x.kv37.wav"))));
-}
-
-void tst_NvrTool::libraryExport()
-{
-    QTemporaryDir dir;
-    const QString data = makeAppDir(dir);
-    const QByteArray csv = "Id,Name,Company,Model,Vrms,Note\n"
-                           "3,Factory,Acme,Box 1,0.5,\"loud, clear\"\n"
-                           "200,Mine,Own,Say hi,0.7,\n";
-    QVERIFY(writeFile(data + QLatin1String("/bluetoothdevices.csv"), csv));
-    QVERIFY(writeFile(data + QLatin1String("/products.dat"),
-                      R"({"kvlproducts": {"products": [{"productNumber": "11-100", "startBuildConfigRev": "A",
-                          "endBuildConfigRev": "C", "hardwareConfiguration": "2"}]}})"));
-
-    const QString lib = QStringLiteral("lib");
-    const QString exportAction = QStringLiteral("export");
-    const QString dataOption = QStringLiteral("--data");
-    Result result = runTool({lib, exportAction, QStringLiteral("bluetoothdevices"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out, csv);
-
-    result = runTool({lib, exportAction, QStringLiteral("bluetoothdevices"), QStringLiteral("--format"),
-                      QStringLiteral("json"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    const QJsonArray rows = QJsonDocument::fromJson(result.out).array();
-    QCOMPARE(rows.size(), 2);
-    QCOMPARE(rows.at(1).toObject().value(QLatin1String("Id")).toString(), QStringLiteral("200"));
-    QCOMPARE(rows.at(0).toObject().value(QLatin1String("Note")).toString(), QStringLiteral("loud, clear"));
-
-    // The products file is found from the working directory, which the tool moves to the data's parent.
-    result = runTool({lib, exportAction, QStringLiteral("products"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    QCOMPARE(result.out, QByteArray("Product Number,Starting Build Config Rev,Ending Build Config Rev,"
-                                    "Hardware Configuration\n11-100,A,C,2\n"));
-
-    // Without radio files the library starts from its default table.
-    result = runTool({lib, exportAction, QStringLiteral("radios"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.out.startsWith("Id,Manufacturer,Model,"), result.out);
-    QVERIFY2(result.out.contains("\n0,Radio Not Installed,"), result.out);
-
-    // Headsets are rebuilt from their factory table; legends read their file.
-    result = runTool({lib, exportAction, QStringLiteral("headsets"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.out.startsWith("Id,Manufacturer,Model,"), result.out);
-    QVERIFY2(result.out.contains("\n1,Default Headset,"), result.out);
-    QVERIFY(writeFile(data + QLatin1String("/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
-    result = runTool({lib, exportAction, QStringLiteral("legendsconvert"), QStringLiteral("--format"),
-                      QStringLiteral("json"), dataOption, data});
-    QCOMPARE(result.exitCode, 0);
-    QVERIFY2(result.out.contains("\"COM 1\""), result.out);
-
-    result = runTool({lib, exportAction, QStringLiteral("headphones"), dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 1, "unknown library: headphones");
-    result = runTool({lib, exportAction, QStringLiteral("radios"), QStringLiteral("--format"), QStringLiteral("xml"),
-                      dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 2, "unknown format: xml");
-    result = runTool({lib, QStringLiteral("import"), QStringLiteral("radios"), dataOption, data});
-    VERIFY_ONE_LINE_ERROR(result, 2, "export NAME");
-    result = runTool({lib, exportAction, QStringLiteral("radios"), dataOption, dir.filePath(QStringLiteral("gone"))});
-    VERIFY_ONE_LINE_ERROR(result, 1, "no data directory");
-}
-
-void tst_NvrTool::lookupNearestEntry()
-{
-    QTemporaryDir dir;
-    const QString table = dir.filePath(QStringLiteral("levels.ini"));
-    QVERIFY(writeFile(table, "[volume]\ncount=4\n0=Off,00\n1=5,0A\n2=10,114\n3=20,1E\ndefault=Off\n"));
-    const QString lookup = QStringLiteral("lookup");
-    const QString group = QStringLiteral("volume");
-
-    // Nearest by magnitude, the lower one on a tie; only the code's low byte counts.
-    const struct {
-        const char *value;
-        QByteArray line;
-    } rows[] = {{"5", "1\t5\t0A\n"}, {"7", "1\t5\t0A\n"}, {"7.5", "1\t5\t0A\n"}, {"8", "2\t10\t14\n"},
-                {"99", "3\t20\t1E\n"}};
-    for (const auto &row : rows) {
-        const Result result = runTool({lookup, table, group, QString::fromLatin1(row.value)});
-        QCOMPARE(result.exitCode, 0);
-        QCOMPARE(result.out, row.line);
-    }
-
-    Result result = runTool({lookup, dir.filePath(QStringLiteral("none.ini")), group, QStringLiteral("1")});
-    VERIFY_ONE_LINE_ERROR(result, 1, "no such file");
-    result = runTool({lookup, table, QStringLiteral("balance"), QStringLiteral("1")});
-    VERIFY_ONE_LINE_ERROR(result, 1, "no entries in group balance");
-    result = runTool({lookup, table, group, QStringLiteral("loud")});
-    VERIFY_ONE_LINE_ERROR(result, 2, "not a number: loud");
-    result = runTool({lookup, table, group});
-    VERIFY_ONE_LINE_ERROR(result, 2, "FILE GROUP VALUE");
-}
 
 QTEST_GUILESS_MAIN(tst_NvrTool)
 #include "tst_nvrtool.moc"

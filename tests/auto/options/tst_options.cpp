@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
 #include "classes/nvroptionsettings.h"
+#include "formdriver.h"
 #include "messageboxrecorder.h"
 #include "ptypair.h"
 #include "testappdir.h"
 
-#include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -17,7 +17,6 @@
 #include <QSpinBox>
 #include <QTest>
 #include <QTextEdit>
-#include <QTimer>
 
 #include <functional>
 
@@ -25,315 +24,268 @@ class tst_Options : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void cleanupTestCase();
-    void init();
-    void optionsFileAndDefaults();
-    void fileLayer_data();
-    void fileLayer();
-    void switches_data();
-    void switches();
-    void saveSettings();
-    void signalsOnlyOnChange();
-    void dialogCancelled();
-    void dialogAccepted();
+    void initTestCase() { TestAppDir::prepare(QStringLiteral("Avionics Lab")); }
+
+    void cleanupTestCase()
+    {
+        QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
+        TestAppDir::cleanup();
+    }
+
+    void init()
+    {
+        QDir(QFileInfo(optionsFile()).path()).removeRecursively();
+        QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
+    }
+
+    void optionsFileAndDefaults()
+    {
+        QCOMPARE(NvrOptionSettings().fileName(), optionsFile());
+        const NvrOptions defaults({});
+        QVERIFY(!QFile::exists(optionsFile())); // reading creates nothing
+
+        QVERIFY(QDir().mkpath(optionsFile())); // a folder where the file should be
+        QCOMPARE(values(NvrOptions({})), values(defaults));
+        NvrOptions({}).saveSettings(); // fails silently
+        QVERIFY(QFileInfo(optionsFile()).isDir());
+    }
+
+    void fileLayer_data()
+    {
+        QTest::addColumn<QByteArray>("file");
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<QVariantList>("expected"); // ports, txDelay2, server port, style, initializeWithDefaultData
+
+        const QVariantList defaults{1, 0, 50, 6178, "WindowsVista", false};
+        const QByteArray all = "[options]\ncomport=4\ncomport2=7\ntxdelay2=120\nserverport=7001\nstyle=Fusion\n"
+                               "initializeWithDefaultData=true\n";
+        QTest::newRow("no file") << QByteArray() << QStringList() << defaults;
+        QTest::newRow("every key") << all << QStringList() << QVariantList{4, 7, 120, 7001, "Fusion", true};
+        QTest::newRow("-port over the file") << all << QStringList{"nevra", "-port", "8000"}
+                                             << QVariantList{4, 7, 120, 8000, "Fusion", true};
+        QTest::newRow("equal ports") << QByteArray("[options]\ncomport=3\ncomport2=3\n") << QStringList()
+                                     << QVariantList{3, 0, 50, 6178, "WindowsVista", false};
+        QTest::newRow("values that do not convert")
+            << QByteArray("[options]\ncomport=abc\ncomport2=x\ntxdelay2=x\nserverport=x\n"
+                          "initializeWithDefaultData=maybe\n")
+            << QStringList() << QVariantList{0, 0, 0, 0, "WindowsVista", false};
+        QTest::newRow("garbage, keys outside the group")
+            << QByteArray("\0\xff\xfe\x01=\x02\n[options\ncomport=9\ncomport2=4\n[other]\ncomport2=6\n", 48)
+            << QStringList() << defaults;
+    }
+
+    void fileLayer()
+    {
+        QFETCH(QByteArray, file);
+        QFETCH(QStringList, arguments);
+        QFETCH(QVariantList, expected);
+        if (!file.isEmpty())
+            writeOptionsFile(file);
+        const NvrOptions options(arguments);
+        QCOMPARE(QVariantList({options.comPortNumber(), options.comPort2Number(), options.txDelay2(),
+                               int(options.serverPort()), options.style(), options.initializeWithDefaultData()}),
+                 expected);
+    }
+
+    void switches_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::addColumn<uint>("flags");
+        QTest::addColumn<QString>("logFile"); // empty: the default
+        QTest::addColumn<int>("serverPort");
+
+        QTest::newRow("program only") << QStringList{"nevra"} << 0x8Eu << QString() << 6178;
+        QTest::newRow("-logfile as given") << QStringList{"nevra", "-logfile", "my.log"} << 0x9Eu << "my.log" << 6178;
+        QTest::newRow("-logfile twice") << QStringList{"-logfile", "a", "-logfile", "b"} << 0x9Eu << "a" << 6178;
+        QTest::newRow("-noconnect -s") << QStringList{"nevra", "-noconnect", "-s"} << 0x4Eu << QString() << 6178;
+        QTest::newRow("every flag") << QStringList{"-qz", "-nogui", "-nomessages", "-noread", "-nosox", "-s", "-log"}
+                                    << 0xF1u << QString() << 6178;
+        QTest::newRow("other case, part of an argument")
+            << QStringList{"-LOG", "-NoGui", "-PORT", "1", "--log", "-s1"} << 0x8Eu << QString() << 6178;
+        QTest::newRow("-port low 16 bits") << QStringList{"-port", "70000"} << 0x8Eu << QString() << 4464;
+        QTest::newRow("-port not a number") << QStringList{"-port", "abc"} << 0x8Eu << QString() << 0;
+        QTest::newRow("-port last") << QStringList{"nevra", "-port"} << 0x8Eu << QString() << 6178;
+        QTest::newRow("-port twice") << QStringList{"-port", "100", "-port", "200"} << 0x8Eu << QString() << 100;
+    }
+
+    void switches()
+    {
+        QFETCH(QStringList, arguments);
+        QFETCH(uint, flags);
+        QFETCH(QString, logFile);
+        QFETCH(int, serverPort);
+        const NvrOptions options(arguments);
+        QCOMPARE(uint(options.flags()), flags);
+        const uint fromGetters = options.superUser() * 0x01u | options.showMessages() * 0x02u
+                                 | options.soxLibraryEnabled() * 0x04u | options.readAfterConnect() * 0x08u
+                                 | options.logEnabled() * 0x10u | options.hideGui() * 0x20u
+                                 | options.serverEnabled() * 0x40u | options.connect() * 0x80u;
+        QCOMPARE(fromGetters, flags);
+        QCOMPARE(options.logFileName(), logFile.isEmpty() ? TestAppDir::filePath("nevra.log") : logFile);
+        QCOMPARE(int(options.serverPort()), serverPort);
+    }
+
+    void saveSettings()
+    {
+        NvrOptions({}).saveSettings();
+        QVERIFY(QFile::exists(optionsFile())); // the organisation's folder is made on the way
+
+        writeOptionsFile("[options]\ntxdelay=100\ncomport=4\ncomport2=4\nmanualurl=http://docs.example/m.htm\n"
+                         "style=Fusion\n[other]\nkeep=1\n");
+        const NvrOptions options({"nevra", "-port", "9000"});
+        options.saveSettings();
+
+        QSettings file(optionsFile(), QSettings::IniFormat);
+        file.beginGroup(QStringLiteral("options"));
+        QStringList keys = file.childKeys();
+        keys.sort();
+        QCOMPARE(keys, QStringList({"comport", "comport2", "initializeWithDefaultData", "manualurl", "serverport",
+                                    "style",
+                                    "txdelay2"}));
+        QCOMPARE(QVariantList({file.value("comport").toInt(), file.value("comport2").toInt(),
+                               file.value("txdelay2").toInt(), file.value("manualurl").toString(),
+                               file.value("serverport").toInt(), file.value("style").toString(),
+                               file.value("initializeWithDefaultData").toBool()}),
+                 QVariantList({4, 0, 50, "http://docs.example/m.htm", 9000, "Fusion", false}));
+        file.endGroup();
+        QCOMPARE(file.value("other/keep").toInt(), 1);
+        QCOMPARE(values(NvrOptions({"nevra", "-port", "9000"})), values(options));
+    }
+
+    void signalsOnlyOnChange()
+    {
+        NvrOptions options({});
+        QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
+        QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
+        options.setComPortNumber(1);
+        options.setComPortNumber(5);
+        options.setComPort2Number(5); // the setters leave the equal-port rule to the dialog
+        QCOMPARE(port, QList<QVariantList>({{5}}));
+        QCOMPARE(port2, QList<QVariantList>({{5}}));
+
+        writeOptionsFile("[options]\ncomport=9\ncomport2=2\n");
+        options.readSettings(); // takes the file's values without announcing them
+        QCOMPARE(QVariantList({options.comPortNumber(), options.comPort2Number()}), QVariantList({9, 2}));
+        QCOMPARE(port.count() + port2.count(), 2);
+    }
+
+    void dialogCancelled()
+    {
+        const QByteArray file = "[options]\ncomport=1\ncomport2=2\n";
+        writeOptionsFile(file);
+        NvrOptions options({});
+        QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
+        QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
+        QVERIFY(!editOptions(options, [](QDialog *dialog) {
+            QCOMPARE(dialog->objectName(), QStringLiteral("NvrOptionsDialog"));
+            QCOMPARE(dialog->windowTitle(), QStringLiteral("Application Options"));
+            auto *form = dialog->findChild<QFormLayout *>();
+            QCOMPARE(form->rowCount(), 2);
+            QCOMPARE(qobject_cast<QLabel *>(form->itemAt(0, QFormLayout::LabelRole)->widget())->text(),
+                     QStringLiteral("Product Configuration COM Port:"));
+            QCOMPARE(qobject_cast<QLabel *>(form->itemAt(1, QFormLayout::LabelRole)->widget())->text(),
+                     QStringLiteral("Product Control COM Port (KVX/KVR-110/KVR2-110 Only):"));
+            QSpinBox *first = spinBox(dialog, 0);
+            QSpinBox *second = spinBox(dialog, 1);
+            QCOMPARE(dialog->focusWidget(), static_cast<QWidget *>(first));
+            QCOMPARE(first->value(), 1);
+            QCOMPARE(second->value(), 2);
+            // No system port is called COM<n> here, and there are no links: only the heading.
+            QCOMPARE(dialog->findChild<QTextEdit *>()->toPlainText(),
+                     QStringLiteral("The following COM ports are currently available:\n"));
+
+            QPushButton *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
+            QTest::keyClick(second, Qt::Key_Down);
+            QVERIFY(!ok->isEnabled());
+            QTest::keyClick(dialog, Qt::Key_Return);
+            QVERIFY(dialog->isVisible()); // equal ports cannot be accepted
+            // The ports wrap around from 1 to 255.
+            QTest::keyClick(first, Qt::Key_Down);
+            QCOMPARE(first->value(), 255);
+            QVERIFY(ok->isEnabled());
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        }));
+        QCOMPARE(QVariantList({options.comPortNumber(), options.comPort2Number(), port.count(), port2.count()}),
+                 QVariantList({1, 2, 0, 0}));
+        QFile written(optionsFile());
+        QVERIFY(written.open(QFile::ReadOnly));
+        QCOMPARE(written.readAll(), file);
+    }
+
+    void dialogAccepted()
+    {
+        PtyPair pty;
+        QVERIFY2(pty.start(), qPrintable(pty.error()));
+        QDir ports(TestAppDir::filePath(QStringLiteral("ports")));
+        QVERIFY(ports.mkpath(QStringLiteral(".")));
+        QVERIFY(QFile::link(pty.portA(), ports.filePath(QStringLiteral("COM12"))));
+        QVERIFY(QFile::link(pty.portB(), ports.filePath(QStringLiteral("COM3"))));
+
+        NvrOptions options({});
+        QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
+        QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
+        QVERIFY(editOptions(options, [](QDialog *dialog) {
+            QCOMPARE(dialog->findChild<QTextEdit *>()->toPlainText(),
+                     QStringLiteral("The following COM ports are currently available:\n\nCOM3 \nCOM12 "));
+            QTest::keyClick(spinBox(dialog, 0), Qt::Key_Up);
+            QTest::keyClick(spinBox(dialog, 0), Qt::Key_Up);
+            QTest::keyClick(spinBox(dialog, 1), Qt::Key_Down);
+            QTest::keyClick(dialog, Qt::Key_Return);
+        }));
+        QCOMPARE(options.comPortNumber(), 3);
+        QCOMPARE(options.comPort2Number(), 255);
+        QCOMPARE(port, QList<QVariantList>({{3}}));
+        QCOMPARE(port2, QList<QVariantList>({{255}}));
+        QCOMPARE(values(NvrOptions({})), values(options));
+
+        // Accepted unchanged: nothing emitted, the file is written anyway.
+        QVERIFY(QFile::remove(optionsFile()));
+        QVERIFY(editOptions(options, [](QDialog *dialog) {
+            QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
+        }));
+        QCOMPARE(port.count() + port2.count(), 2);
+        QCOMPARE(values(NvrOptions({})), values(options));
+    }
 
 private:
     static QString optionsFile() { return TestAppDir::filePath(QStringLiteral("Avionics Lab/NevraOptions.ini")); }
-    static void writeOptionsFile(const QByteArray &bytes);
-    static QVariantList values(const NvrOptions &options);
-    static bool editOptions(NvrOptions &options, const std::function<void(QDialog *)> &interact);
-    static QSpinBox *spinBox(QDialog *dialog, int row);
-};
+    static void writeOptionsFile(const QByteArray &bytes)
+    {
+        QDir().mkpath(QFileInfo(optionsFile()).path());
+        QFile file(optionsFile());
+        QVERIFY(file.open(QFile::WriteOnly));
+        file.write(bytes);
+        file.flush(); // a later flush would set the time to now again
+        // QSettings keeps a parsed copy of a file whose size and time look unchanged: give every version its own time.
+        static QDateTime stamp = QDateTime::currentDateTime().addDays(-1);
+        stamp = stamp.addSecs(1);
+        QVERIFY(file.setFileTime(stamp, QFileDevice::FileModificationTime));
+    }
 
-void tst_Options::writeOptionsFile(const QByteArray &bytes)
-{
-    QDir().mkpath(QFileInfo(optionsFile()).path());
-    QFile file(optionsFile());
-    QVERIFY(file.open(QFile::WriteOnly));
-    file.write(bytes);
-    file.flush(); // a later flush would set the time to now again
-    // QSettings keeps a parsed copy of a file whose size and time look unchanged: give every version its own time.
-    static QDateTime stamp = QDateTime::currentDateTime().addDays(-1);
-    stamp = stamp.addSecs(1);
-    QVERIFY(file.setFileTime(stamp, QFileDevice::FileModificationTime));
-}
+    static QVariantList values(const NvrOptions &options)
+    {
+        return {uint(options.flags()), options.comPortNumber(), options.comPort2Number(), options.txDelay2(),
+                options.logFileName(), options.style(), options.manualUrl(), options.initializeWithDefaultData(),
+                options.serverPort()};
+    }
 
-QVariantList tst_Options::values(const NvrOptions &options)
-{
-    return {uint(options.flags()), options.comPortNumber(), options.comPort2Number(), options.txDelay2(),
-            options.logFileName(), options.style(), options.manualUrl(), options.initializeWithDefaultData(),
-            options.serverPort()};
-}
+    // Runs editOptions() with interact() playing the user in the dialog.
+    static bool editOptions(NvrOptions &options, const std::function<void(QDialog *)> &interact)
+    {
+        MessageBoxRecorder guard;
+        FormDriver<QDialog> driver(interact);
+        const bool accepted = options.editOptions();
+        if (!driver.ran())
+            QTest::qFail("the options dialog never showed", __FILE__, __LINE__);
+        return accepted;
+    }
 
-// Runs editOptions() and hands the dialog to interact() once it is up; a dialog
-// that interact() leaves open (a failed check) is rejected so the test goes on.
-bool tst_Options::editOptions(NvrOptions &options, const std::function<void(QDialog *)> &interact)
-{
-    MessageBoxRecorder guard;
-    bool seen = false;
-    QTimer poll;
-    connect(&poll, &QTimer::timeout, &poll, [&] {
-        auto *dialog = qobject_cast<QDialog *>(QApplication::activeModalWidget());
-        if (!dialog || !dialog->isVisible())
-            return;
-        poll.stop();
-        seen = true;
-        interact(dialog);
-        if (dialog->isVisible())
-            dialog->reject();
-    });
-    poll.start(10);
-    const bool accepted = options.editOptions();
-    if (!seen)
-        QTest::qFail("the options dialog never showed", __FILE__, __LINE__);
-    return accepted;
-}
-
-QSpinBox *tst_Options::spinBox(QDialog *dialog, int row)
-{
-    auto *form = dialog->findChild<QFormLayout *>();
-    return form ? qobject_cast<QSpinBox *>(form->itemAt(row, QFormLayout::FieldRole)->widget()) : nullptr;
-}
-
-void tst_Options::initTestCase()
-{
-    TestAppDir::prepare(QStringLiteral("Avionics Lab"));
-}
-
-void tst_Options::cleanupTestCase()
-{
-    QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
-    TestAppDir::cleanup();
-}
-
-void tst_Options::init()
-{
-    QDir(QFileInfo(optionsFile()).path()).removeRecursively();
-    QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
-}
-
-void tst_Options::optionsFileAndDefaults()
-{
-    QCOMPARE(NvrOptionSettings().fileName(), optionsFile());
-    const NvrOptions defaults({});
-    QCOMPARE(defaults.manualUrl().path(), QStringLiteral("/nevra/lab/nevramanual.htm"));
-    QVERIFY(!defaults.manualUrl().host().isEmpty());
-    QVERIFY(!QFile::exists(optionsFile())); // reading creates nothing
-
-    QVERIFY(QDir().mkpath(optionsFile())); // a folder where the file should be
-    QCOMPARE(values(NvrOptions({})), values(defaults));
-    NvrOptions({}).saveSettings(); // fails silently
-    QVERIFY(QFileInfo(optionsFile()).isDir());
-}
-
-void tst_Options::fileLayer_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<QVariantList>("expected"); // ports, txDelay2, server port, style, initializeWithDefaultData
-
-    const QVariantList defaults{1, 0, 50, 6178, "WindowsVista", false};
-    const QByteArray all = "[options]\ncomport=4\ncomport2=7\ntxdelay2=120\nserverport=7001\nstyle=Fusion\n"
-                           "initializeWithDefaultData=true\n";
-    QTest::newRow("no file") << QByteArray() << QStringList() << defaults;
-    QTest::newRow("every key") << all << QStringList() << QVariantList{4, 7, 120, 7001, "Fusion", true};
-    QTest::newRow("-port over the file") << all << QStringList{"nevra", "-port", "8000"}
-                                         << QVariantList{4, 7, 120, 8000, "Fusion", true};
-    QTest::newRow("equal ports") << QByteArray("[options]\ncomport=3\ncomport2=3\n") << QStringList()
-                                 << QVariantList{3, 0, 50, 6178, "WindowsVista", false};
-    QTest::newRow("server port in 16 bits") << QByteArray("[options]\nserverport=70000\n") << QStringList()
-                                            << QVariantList{1, 0, 50, 4464, "WindowsVista", false};
-    QTest::newRow("values that do not convert")
-        << QByteArray("[options]\ncomport=abc\ncomport2=x\ntxdelay2=x\nserverport=x\ninitializeWithDefaultData=maybe\n")
-        << QStringList() << QVariantList{0, 0, 0, 0, "WindowsVista", false};
-    QTest::newRow("keys outside the group") << QByteArray("comport=5\n[other]\ncomport2=6\n") << QStringList()
-                                            << defaults;
-    QTest::newRow("garbage") << QByteArray("\0\xff\xfe\x01=\x02\n[options\ncomport=9\ncomport2=4\n", 37)
-                             << QStringList() << defaults;
-}
-
-void tst_Options::fileLayer()
-{
-    QFETCH(QByteArray, file);
-    QFETCH(QStringList, arguments);
-    QFETCH(QVariantList, expected);
-    if (!file.isEmpty())
-        writeOptionsFile(file);
-    const NvrOptions options(arguments);
-    QCOMPARE(QVariantList({options.comPortNumber(), options.comPort2Number(), options.txDelay2(),
-                           int(options.serverPort()), options.style(), options.initializeWithDefaultData()}),
-             expected);
-}
-
-void tst_Options::switches_data()
-{
-    QTest::addColumn<QStringList>("arguments");
-    QTest::addColumn<uint>("flags");
-    QTest::addColumn<QString>("logFile"); // empty: the default
-    QTest::addColumn<int>("serverPort");
-
-    QTest::newRow("program only") << QStringList{"nevra"} << 0x8Eu << QString() << 6178;
-    QTest::newRow("-logfile as given") << QStringList{"nevra", "-logfile", "my.log"} << 0x9Eu << "my.log" << 6178;
-    QTest::newRow("-logfile last") << QStringList{"nevra", "-logfile"} << 0x9Eu << QString() << 6178;
-    QTest::newRow("-logfile twice") << QStringList{"-logfile", "a", "-logfile", "b"} << 0x9Eu << "a" << 6178;
-    QTest::newRow("-noconnect -s") << QStringList{"nevra", "-noconnect", "-s"} << 0x4Eu << QString() << 6178;
-    QTest::newRow("every flag") << QStringList{"-qz", "-nogui", "-nomessages", "-noread", "-nosox", "-s", "-log"}
-                                << 0xF1u << QString() << 6178;
-    QTest::newRow("other case, part of an argument")
-        << QStringList{"-LOG", "-NoGui", "-PORT", "1", "--log", "-s1"} << 0x8Eu << QString() << 6178;
-    QTest::newRow("-port low 16 bits") << QStringList{"-port", "70000"} << 0x8Eu << QString() << 4464;
-    QTest::newRow("-port not a number") << QStringList{"-port", "abc"} << 0x8Eu << QString() << 0;
-    QTest::newRow("-port last") << QStringList{"nevra", "-port"} << 0x8Eu << QString() << 6178;
-    QTest::newRow("-port twice") << QStringList{"-port", "100", "-port", "200"} << 0x8Eu << QString() << 100;
-}
-
-void tst_Options::switches()
-{
-    QFETCH(QStringList, arguments);
-    QFETCH(uint, flags);
-    QFETCH(QString, logFile);
-    QFETCH(int, serverPort);
-    const NvrOptions options(arguments);
-    QCOMPARE(uint(options.flags()), flags);
-    const uint fromGetters = options.superUser() * 0x01u | options.showMessages() * 0x02u
-                             | options.soxLibraryEnabled() * 0x04u | options.readAfterConnect() * 0x08u
-                             | options.logEnabled() * 0x10u | options.hideGui() * 0x20u
-                             | options.serverEnabled() * 0x40u | options.connect() * 0x80u;
-    QCOMPARE(fromGetters, flags);
-    QCOMPARE(options.logFileName(), logFile.isEmpty() ? TestAppDir::filePath(QStringLiteral("nevra.log")) : logFile);
-    QCOMPARE(int(options.serverPort()), serverPort);
-}
-
-void tst_Options::saveSettings()
-{
-    NvrOptions({}).saveSettings();
-    QVERIFY(QFile::exists(optionsFile())); // the organisation's folder is made on the way
-
-    writeOptionsFile("[options]\ntxdelay=100\ncomport=4\ncomport2=4\nmanualurl=http://docs.example/m.htm\n"
-                     "style=Fusion\n[other]\nkeep=1\n");
-    const NvrOptions options({"nevra", "-port", "9000"});
-    options.saveSettings();
-
-    QSettings file(optionsFile(), QSettings::IniFormat);
-    file.beginGroup(QStringLiteral("options"));
-    QStringList keys = file.childKeys();
-    keys.sort();
-    QCOMPARE(keys, QStringList({"comport", "comport2", "initializeWithDefaultData", "manualurl", "serverport", "style",
-                                "txdelay2"}));
-    QCOMPARE(QVariantList({file.value("comport").toInt(), file.value("comport2").toInt(),
-                           file.value("txdelay2").toInt(), file.value("manualurl").toString(),
-                           file.value("serverport").toInt(), file.value("style").toString(),
-                           file.value("initializeWithDefaultData").toBool()}),
-             QVariantList({4, 0, 50, "http://docs.example/m.htm", 9000, "Fusion", false}));
-    file.endGroup();
-    QCOMPARE(file.value("other/keep").toInt(), 1);
-    QCOMPARE(values(NvrOptions({"nevra", "-port", "9000"})), values(options));
-}
-
-void tst_Options::signalsOnlyOnChange()
-{
-    NvrOptions options({});
-    QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
-    QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
-    options.setComPortNumber(1);
-    options.setComPort2Number(0);
-    QCOMPARE(port.count() + port2.count(), 0);
-    options.setComPortNumber(5);
-    options.setComPort2Number(5); // the setters leave the equal-port rule to the dialog
-    QCOMPARE(port, QList<QVariantList>({{5}}));
-    QCOMPARE(port2, QList<QVariantList>({{5}}));
-
-    writeOptionsFile("[options]\ncomport=9\ncomport2=2\n");
-    options.readSettings();
-    QCOMPARE(options.comPortNumber(), 9);
-    QCOMPARE(options.comPort2Number(), 2);
-    QCOMPARE(port.count() + port2.count(), 2);
-}
-
-void tst_Options::dialogCancelled()
-{
-    const QByteArray file = "[options]\ncomport=1\ncomport2=2\n";
-    writeOptionsFile(file);
-    NvrOptions options({});
-    QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
-    QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
-    QVERIFY(!editOptions(options, [](QDialog *dialog) {
-        QCOMPARE(dialog->objectName(), QStringLiteral("NvrOptionsDialog"));
-        QCOMPARE(dialog->windowTitle(), QStringLiteral("Application Options"));
+    static QSpinBox *spinBox(QDialog *dialog, int row)
+    {
         auto *form = dialog->findChild<QFormLayout *>();
-        QCOMPARE(form->rowCount(), 2);
-        QCOMPARE(qobject_cast<QLabel *>(form->itemAt(0, QFormLayout::LabelRole)->widget())->text(),
-                 QStringLiteral("Product Configuration COM Port:"));
-        QCOMPARE(qobject_cast<QLabel *>(form->itemAt(1, QFormLayout::LabelRole)->widget())->text(),
-                 QStringLiteral("Product Control COM Port (KVX/KVR-110/KVR2-110 Only):"));
-        QSpinBox *first = spinBox(dialog, 0);
-        QSpinBox *second = spinBox(dialog, 1);
-        QCOMPARE(dialog->focusWidget(), static_cast<QWidget *>(first));
-        QCOMPARE(first->value(), 1);
-        QCOMPARE(second->value(), 2);
-        // No system port is called COM<n> here, and there are no links: only the heading.
-        QCOMPARE(dialog->findChild<QTextEdit *>()->toPlainText(),
-                 QStringLiteral("The following COM ports are currently available:\n"));
-
-        QPushButton *ok = dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok);
-        QTest::keyClick(second, Qt::Key_Down);
-        QVERIFY(!ok->isEnabled());
-        QTest::keyClick(dialog, Qt::Key_Return);
-        QVERIFY(dialog->isVisible()); // equal ports cannot be accepted
-        QTest::keyClick(first, Qt::Key_Down);
-        QCOMPARE(first->value(), 255);
-        QVERIFY(ok->isEnabled());
-        QTest::keyClick(first, Qt::Key_Up);
-        QCOMPARE(first->value(), 1);
-        QVERIFY(!ok->isEnabled());
-        QTest::keyClick(second, Qt::Key_Down);
-        QTest::keyClick(second, Qt::Key_Down);
-        QCOMPARE(second->value(), 255);
-        QVERIFY(ok->isEnabled());
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    }));
-    QCOMPARE(QVariantList({options.comPortNumber(), options.comPort2Number(), port.count(), port2.count()}),
-             QVariantList({1, 2, 0, 0}));
-    QFile written(optionsFile());
-    QVERIFY(written.open(QFile::ReadOnly));
-    QCOMPARE(written.readAll(), file);
-}
-
-void tst_Options::dialogAccepted()
-{
-    PtyPair pty;
-    QVERIFY2(pty.start(), qPrintable(pty.error()));
-    QDir ports(TestAppDir::filePath(QStringLiteral("ports")));
-    QVERIFY(ports.mkpath(QStringLiteral(".")));
-    QVERIFY(QFile::link(pty.portA(), ports.filePath(QStringLiteral("COM12"))));
-    QVERIFY(QFile::link(pty.portB(), ports.filePath(QStringLiteral("COM3"))));
-
-    NvrOptions options({});
-    QSignalSpy port(&options, &NvrOptions::comPortNumberChanged);
-    QSignalSpy port2(&options, &NvrOptions::comPort2NumberChanged);
-    QVERIFY(editOptions(options, [](QDialog *dialog) {
-        QCOMPARE(dialog->findChild<QTextEdit *>()->toPlainText(),
-                 QStringLiteral("The following COM ports are currently available:\n\nCOM3 \nCOM12 "));
-        QTest::keyClick(spinBox(dialog, 0), Qt::Key_Up);
-        QTest::keyClick(spinBox(dialog, 0), Qt::Key_Up);
-        QTest::keyClick(spinBox(dialog, 1), Qt::Key_Down);
-        QTest::keyClick(dialog, Qt::Key_Return);
-    }));
-    QCOMPARE(options.comPortNumber(), 3);
-    QCOMPARE(options.comPort2Number(), 255);
-    QCOMPARE(port, QList<QVariantList>({{3}}));
-    QCOMPARE(port2, QList<QVariantList>({{255}}));
-    QCOMPARE(values(NvrOptions({})), values(options));
-
-    // Accepted unchanged: nothing emitted, the file is written anyway.
-    QVERIFY(QFile::remove(optionsFile()));
-    QVERIFY(editOptions(options, [](QDialog *dialog) {
-        QTest::mouseClick(dialog->findChild<QDialogButtonBox *>()->button(QDialogButtonBox::Ok), Qt::LeftButton);
-    }));
-    QCOMPARE(port.count() + port2.count(), 2);
-    QCOMPARE(values(NvrOptions({})), values(options));
-}
+        return form ? qobject_cast<QSpinBox *>(form->itemAt(row, QFormLayout::FieldRole)->widget()) : nullptr;
+    }
+};
 
 QTEST_MAIN(tst_Options)
 #include "tst_options.moc"

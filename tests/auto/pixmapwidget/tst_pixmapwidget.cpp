@@ -54,100 +54,94 @@ class tst_PixMapWidget : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void zoom_data();
-    void zoom();
-    void refitAndKeysGoOn();
-    void emptyPicture();
+    void initTestCase()
+    {
+        m_picture = m_dir.filePath(QStringLiteral("panel.png"));
+        QImage image(200, 100, QImage::Format_RGB32);
+        image.fill(Qt::darkCyan);
+        QVERIFY(image.save(m_picture));
+    }
+
+    void zoom_data()
+    {
+        QTest::addColumn<QSize>("contents");
+        QTest::addColumn<QString>("keys");
+        QTest::addColumn<QSize>("size");
+        // The picture is 200 x 100.
+        QTest::newRow("fit by width") << QSize(400, 400) << "" << QSize(400, 200);
+        QTest::newRow("fit by height") << QSize(600, 150) << "" << QSize(300, 150);
+        QTest::newRow("zoom in") << QSize(400, 400) << "+" << QSize(444, 222);
+        QTest::newRow("zoom out") << QSize(400, 400) << "-" << QSize(360, 180);
+        QTest::newRow("ctrl plus fits again") << QSize(400, 400) << "++-^" << QSize(400, 200);
+        // 2.005 x 100 = 200.5: halves round up, and 0.99999 of that rounds down again.
+        QTest::newRow("half a pixel rounds up") << QSize(401, 400) << "" << QSize(401, 201);
+        QTest::newRow("in and out loses a pixel") << QSize(401, 400) << "+-" << QSize(401, 200);
+    }
+
+    void zoom()
+    {
+        QFETCH(QSize, contents);
+        QFETCH(QString, keys);
+        QFETCH(QSize, size);
+        PixMapWidget panel;
+        panel.setPixMapName(m_picture);
+        showWithContents(&panel, &panel, contents);
+        press(&panel, keys);
+        QCOMPARE(labelSize(&panel), size);
+    }
+
+    void refitAndKeysGoOn()
+    {
+        KeySink parent;
+        auto *panel = new PixMapWidget(&parent);
+        (new QVBoxLayout(&parent))->setContentsMargins(0, 0, 0, 0);
+        parent.layout()->addWidget(panel);
+        panel->setPixMapName(m_picture);
+        showWithContents(&parent, panel, QSize(400, 400));
+
+        // Keys reach the panel from its scroll area; others go on to the parent.
+        press(panel->findChild<QScrollArea *>(), QStringLiteral("++"));
+        QCOMPARE(labelSize(panel), QSize(494, 247));
+        QTest::keyClick(panel, Qt::Key_A);
+        QCOMPARE(parent.keys, QList<int>{Qt::Key_A});
+
+        // The context menu zooms as well; a resize drops any zoom.
+        auto *label = panel->findChild<QLabel *>(QStringLiteral("imageLabel"));
+        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), label->mapToGlobal(QPoint(5, 5)));
+        PopupMenuChooser chooser(QStringLiteral("Zoom Out (-)"));
+        QApplication::sendEvent(label, &event);
+        QCOMPARE(chooser.entries(), (QStringList{QStringLiteral("Zoom In (+)"), QStringLiteral("Zoom Out (-)"),
+                                                 QStringLiteral("Zoom All (Ctrl +)")}));
+        QCOMPARE(labelSize(panel), QSize(444, 222));
+        showWithContents(&parent, panel, QSize(200, 400));
+        QTRY_COMPARE(labelSize(panel), QSize(200, 100));
+
+        for (const QAction *action : panel->findChildren<QAction *>())
+            QVERIFY2(!action->icon().pixmap(16).isNull(), qPrintable(action->text()));
+    }
+
+    void emptyPicture()
+    {
+        // Shown before any picture, and then with one that does not load: nothing to fit, nothing shown.
+        PixMapWidget panel;
+        showWithContents(&panel, &panel, QSize(400, 400));
+        press(&panel, QStringLiteral("+-^"));
+        QCOMPARE(labelSize(&panel), QSize(0, 0));
+        QVERIFY(qIsFinite(panel.scaleFactor()));
+
+        panel.setPixMapName(m_picture);
+        press(&panel, QStringLiteral("^"));
+        QCOMPARE(labelSize(&panel), QSize(400, 200));
+        panel.setPixMapName(m_dir.filePath(QStringLiteral("missing.png")));
+        press(&panel, QStringLiteral("^+"));
+        QCOMPARE(labelSize(&panel), QSize(0, 0));
+        QVERIFY(qIsFinite(panel.scaleFactor()));
+    }
 
 private:
     QTemporaryDir m_dir;
     QString m_picture;
 };
-
-void tst_PixMapWidget::initTestCase()
-{
-    m_picture = m_dir.filePath(QStringLiteral("panel.png"));
-    QImage image(200, 100, QImage::Format_RGB32);
-    image.fill(Qt::darkCyan);
-    QVERIFY(image.save(m_picture));
-}
-
-void tst_PixMapWidget::zoom_data()
-{
-    QTest::addColumn<QSize>("contents");
-    QTest::addColumn<QString>("keys");
-    QTest::addColumn<QSize>("size");
-    // The picture is 200 x 100.
-    QTest::newRow("fit by width") << QSize(400, 400) << "" << QSize(400, 200);
-    QTest::newRow("fit by height") << QSize(600, 150) << "" << QSize(300, 150);
-    QTest::newRow("zoom in") << QSize(400, 400) << "+" << QSize(444, 222);
-    QTest::newRow("zoom out") << QSize(400, 400) << "-" << QSize(360, 180);
-    QTest::newRow("ctrl plus fits again") << QSize(400, 400) << "++-^" << QSize(400, 200);
-    // 2.005 x 100 = 200.5: halves round up, and 0.99999 of that rounds down again.
-    QTest::newRow("half a pixel rounds up") << QSize(401, 400) << "" << QSize(401, 201);
-    QTest::newRow("in and out loses a pixel") << QSize(401, 400) << "+-" << QSize(401, 200);
-}
-
-void tst_PixMapWidget::zoom()
-{
-    QFETCH(QSize, contents);
-    QFETCH(QString, keys);
-    QFETCH(QSize, size);
-    PixMapWidget panel;
-    panel.setPixMapName(m_picture);
-    showWithContents(&panel, &panel, contents);
-    press(&panel, keys);
-    QCOMPARE(labelSize(&panel), size);
-}
-
-void tst_PixMapWidget::refitAndKeysGoOn()
-{
-    KeySink parent;
-    auto *panel = new PixMapWidget(&parent);
-    (new QVBoxLayout(&parent))->setContentsMargins(0, 0, 0, 0);
-    parent.layout()->addWidget(panel);
-    panel->setPixMapName(m_picture);
-    showWithContents(&parent, panel, QSize(400, 400));
-
-    // Keys reach the panel from its scroll area; others go on to the parent.
-    press(panel->findChild<QScrollArea *>(), QStringLiteral("++"));
-    QCOMPARE(labelSize(panel), QSize(494, 247));
-    QTest::keyClick(panel, Qt::Key_A);
-    QCOMPARE(parent.keys, QList<int>{Qt::Key_A});
-
-    // The context menu zooms as well; a resize drops any zoom.
-    auto *label = panel->findChild<QLabel *>(QStringLiteral("imageLabel"));
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(5, 5), label->mapToGlobal(QPoint(5, 5)));
-    PopupMenuChooser chooser(QStringLiteral("Zoom Out (-)"));
-    QApplication::sendEvent(label, &event);
-    QCOMPARE(chooser.entries(), (QStringList{QStringLiteral("Zoom In (+)"), QStringLiteral("Zoom Out (-)"),
-                                             QStringLiteral("Zoom All (Ctrl +)")}));
-    QCOMPARE(labelSize(panel), QSize(444, 222));
-    showWithContents(&parent, panel, QSize(200, 400));
-    QTRY_COMPARE(labelSize(panel), QSize(200, 100));
-
-    for (const QAction *action : panel->findChildren<QAction *>())
-        QVERIFY2(!action->icon().pixmap(16).isNull(), qPrintable(action->text()));
-}
-
-void tst_PixMapWidget::emptyPicture()
-{
-    // Shown before any picture, and then with one that does not load: nothing to fit, nothing shown.
-    PixMapWidget panel;
-    showWithContents(&panel, &panel, QSize(400, 400));
-    press(&panel, QStringLiteral("+-^"));
-    QCOMPARE(labelSize(&panel), QSize(0, 0));
-    QVERIFY(qIsFinite(panel.scaleFactor()));
-
-    panel.setPixMapName(m_picture);
-    press(&panel, QStringLiteral("^"));
-    QCOMPARE(labelSize(&panel), QSize(400, 200));
-    panel.setPixMapName(m_dir.filePath(QStringLiteral("missing.png")));
-    press(&panel, QStringLiteral("^+"));
-    QCOMPARE(labelSize(&panel), QSize(0, 0));
-    QVERIFY(qIsFinite(panel.scaleFactor()));
-}
 
 QTEST_MAIN(tst_PixMapWidget)
 #include "tst_pixmapwidget.moc"
