@@ -82,15 +82,14 @@ HeaderPage::HeaderPage(QWidget *parent)
     fileButtons->addWidget(m_save);
     fileButtons->addStretch();
 
-    auto *left = new QVBoxLayout;
-    left->addLayout(fileButtons);
-    left->addWidget(m_source);
-    left->addWidget(fields);
-    left->addStretch();
+    fields->setMaximumWidth(fields->sizeHint().width() + 120);
+    m_view->setPlaceholderText(tr("Open a header or make a new one to see its fields here."));
 
-    auto *layout = new QHBoxLayout(this);
-    layout->addLayout(left, 2);
-    layout->addWidget(m_view, 3);
+    auto *layout = new QVBoxLayout(this);
+    layout->addLayout(fileButtons);
+    layout->addWidget(m_source);
+    layout->addWidget(fields);
+    layout->addWidget(m_view, 1);
 
     connect(m_open, &QPushButton::clicked, this, &HeaderPage::chooseFile);
     connect(m_save, &QPushButton::clicked, this, &HeaderPage::chooseSaveFile);

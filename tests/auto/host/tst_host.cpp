@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
+#include "classes/productdataheader.h"
 #include "classes/rtsfile.h"
+#include "headerpage.h"
 #include "kvtableview.h"
 #include "mainwindow.h"
 #include "messageboxrecorder.h"
@@ -189,6 +191,15 @@ void tst_Host::everyPageShowsContent()
     window.resize(1000, 650);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
+    // The header page is worth a look with a header in it.
+    QTemporaryDir dir;
+    const QString headerFile = dir.filePath(QStringLiteral("header.bin"));
+    ProductDataHeader header;
+    header.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0x5, QStringLiteral("B"));
+    QFile file(headerFile);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(header.data()) == 56);
+    file.close();
+    QVERIFY(window.findChild<HeaderPage *>()->openFile(headerFile));
     QStringList titles;
     for (int index = 0; index < window.pages()->count(); ++index) {
         window.showPage(index);
@@ -198,13 +209,13 @@ void tst_Host::everyPageShowsContent()
         QCOMPARE(window.pageList()->currentItem()->text(), titles.last());
         const QImage shot = window.grab().toImage();
         const QImage content = page->grab().toImage();
-        // Text and frames give a page many colours; a blank or unpainted one has one or two.
+        // Text gives a page many colours (anti-aliasing); a blank or unpainted one has one to three.
         QSet<QRgb> colours;
         for (int y = 0; y < content.height(); y += 2) {
             for (int x = 0; x < content.width(); x += 2)
                 colours.insert(content.pixel(x, y));
         }
-        QVERIFY2(colours.size() >= 8, qPrintable(QStringLiteral("%1: %2 colours").arg(titles.last()).arg(colours.size())));
+        QVERIFY2(colours.size() >= 5, qPrintable(QStringLiteral("%1: %2 colours").arg(titles.last()).arg(colours.size())));
         if (!keep.isEmpty())
             QVERIFY(shot.save(QStringLiteral("%1/%2-%3.png").arg(keep).arg(index, 2, 10, QLatin1Char('0')).arg(page->objectName())));
     }
