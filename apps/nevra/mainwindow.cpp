@@ -12,6 +12,7 @@
 #include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "logger.h"
 #include "models/audiosystemsmodel.h"
 #include "models/bluetoothdevices.h"
 #include "models/headsetsmodel.h"
@@ -230,6 +231,16 @@ void MainWindow::about()
     QMessageBox::about(this, tr("About Nevra"),
                        tr("<b>Nevra</b> %1<p>Configuration of audio control panels and intercoms.</p>")
                            .arg(QApplication::applicationVersion()));
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    // The first paint is when the user first sees the window; the line lets start-up be timed from outside.
+    if (event->type() == QEvent::Paint && !m_painted) {
+        m_painted = true;
+        LOG_INFO(QStringLiteral("Window shown"));
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

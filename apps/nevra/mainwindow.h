@@ -42,6 +42,7 @@ public:
     void showPage(int index);
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
@@ -59,6 +60,7 @@ private:
     QLabel *m_portStatus;
     QList<std::function<bool()>> m_savePrompts;
     TerminalPage *m_terminal = nullptr;
+    bool m_painted = false;
 };
 
 #endif
