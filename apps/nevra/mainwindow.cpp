@@ -3,6 +3,7 @@
 #include "mainwindow.h"
 
 #include "audiopage.h"
+#include "headerpage.h"
 #include "optionspage.h"
 #include "picturepage.h"
 #include "terminalpage.h"
@@ -11,6 +12,7 @@
 #include "classes/productsfile.h"
 #include "classes/rtsfile.h"
 #include "kvsettings.h"
+#include "logger.h"
 #include "models/audiosystemsmodel.h"
 #include "models/bluetoothdevices.h"
 #include "models/headsetsmodel.h"
@@ -35,13 +37,18 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QStackedWidget>
 #include <QStatusBar>
-#include <QTabWidget>
 
 namespace {
+// List rows of pages carry the page's index in the stack; headings carry none.
+constexpr int pageIndexRole = Qt::UserRole;
+
 QString portText(int number)
 {
     return number > 0 ? QStringLiteral("COM%1").arg(number) : MainWindow::tr("none");
@@ -49,14 +56,36 @@ QString portText(int number)
 }
 
 MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
-    : QMainWindow(parent), m_options(options), m_pages(new QTabWidget(this)), m_portStatus(new QLabel(this))
+    : QMainWindow(parent), m_options(options), m_pageList(new QListWidget(this)), m_pages(new QStackedWidget(this)),
+      m_portStatus(new QLabel(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(tr("Nevra"));
     setWindowIcon(QIcon(QStringLiteral(":/images/nevra")));
     m_pages->setObjectName(QStringLiteral("pages"));
-    m_pages->setDocumentMode(true);
-    setCentralWidget(m_pages);
+    m_pageList->setObjectName(QStringLiteral("pageList"));
+    auto *central = new QWidget(this);
+    auto *layout = new QHBoxLayout(central);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_pageList);
+    layout->addWidget(m_pages, 1);
+    setCentralWidget(central);
+    connect(m_pageList, &QListWidget::currentRowChanged, this, [this](int row) {
+        const QListWidgetItem *item = m_pageList->item(row);
+        if (!item)
+            return;
+        if (item->data(pageIndexRole).isValid()) {
+            m_pages->setCurrentIndex(item->data(pageIndexRole).toInt());
+            return;
+        }
+        // A heading: move on to the page beside it, in the direction the arrow keys went.
+        const int from = rowOfPage(m_pages->currentIndex());
+        const int next = row + (row > from ? 1 : -1);
+        m_pageList->setCurrentRow(next >= 0 && next < m_pageList->count() ? next : from);
+    });
+    connect(m_pages, &QStackedWidget::currentChanged, this,
+            [this](int index) { m_pageList->setCurrentRow(rowOfPage(index)); });
 
     auto *welcome = new QLabel(tr("<h2>Nevra</h2>"
                                   "<p>Configure audio control panels and intercoms.</p>"
@@ -68,6 +97,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setMargin(16);
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
+    addSection(tr("Libraries"));
     addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
     addPage(new HeadSetsTableEditWidget(m_pages), tr("Headsets"),
             [] { return NvrLibraries::headSets()->askToSave(true); });
@@ -87,10 +117,15 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
             [] { return NvrLibraries::legends()->askToSave(true); });
     addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
             [] { return ProductsFile::instance()->maybeSave(); });
-    addPage(new AudioPage(this), tr("Audio"));
+    addSection(tr("Product"));
+    addPage(new HeaderPage(m_pages), tr("Product Header"));
     addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
     addPage(new PicturePage(m_pages), tr("Picture"));
+    addSection(tr("Tools"));
+    addPage(new AudioPage(this), tr("Audio"));
     addPage(new OptionsPage(m_options, m_pages), tr("Options"));
+    // Wide enough for the longest title, and no wider: the pages need the room.
+    m_pageList->setFixedWidth(m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + 24);
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
@@ -102,18 +137,58 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     KvSettings settings;
     resize(900, 600);
     restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry")).toByteArray());
-    m_pages->setCurrentIndex(settings.value(QStringLiteral("mainwindow/page"), 0).toInt());
+    showPage(settings.value(QStringLiteral("mainwindow/page"), 0).toInt());
 }
 
 MainWindow::~MainWindow() = default;
 
+QString MainWindow::pageTitle(int index) const
+{
+    const QListWidgetItem *item = m_pageList->item(rowOfPage(index));
+    return item ? item->text() : QString();
+}
+
 void MainWindow::addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave)
 {
-    m_pages->addTab(page, title);
+    auto *item = new QListWidgetItem(title, m_pageList);
+    item->setData(pageIndexRole, m_pages->addWidget(page));
     if (auto *editor = qobject_cast<TableEditWidget *>(page))
         editor->readSettings();
     if (askToSave)
         m_savePrompts.append(askToSave);
+}
+
+void MainWindow::addSection(const QString &title)
+{
+    auto *item = new QListWidgetItem(title, m_pageList);
+    // Enabled, so that it does not look greyed out; the list moves on from it to a page.
+    item->setFlags(Qt::ItemIsEnabled);
+    QFont font = item->font();
+    font.setBold(true);
+    item->setFont(font);
+}
+
+void MainWindow::showPage(int index)
+{
+    if (index >= 0 && index < m_pages->count())
+        m_pages->setCurrentIndex(index);
+    m_pageList->setCurrentRow(rowOfPage(m_pages->currentIndex()));
+}
+
+void MainWindow::stepPage(int step)
+{
+    const int count = m_pages->count();
+    showPage((m_pages->currentIndex() + step + count) % count);
+}
+
+int MainWindow::rowOfPage(int index) const
+{
+    for (int row = 0; row < m_pageList->count(); ++row) {
+        const QVariant page = m_pageList->item(row)->data(pageIndexRole);
+        if (page.isValid() && page.toInt() == index)
+            return row;
+    }
+    return -1;
 }
 
 void MainWindow::createMenus()
@@ -121,6 +196,12 @@ void MainWindow::createMenus()
     QMenu *file = menuBar()->addMenu(tr("&File"));
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
+
+    QMenu *go = menuBar()->addMenu(tr("&Go"));
+    QAction *next = go->addAction(tr("&Next Page"), this, [this] { stepPage(1); });
+    next->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));
+    QAction *previous = go->addAction(tr("&Previous Page"), this, [this] { stepPage(-1); });
+    previous->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageUp));
 
     QMenu *tools = menuBar()->addMenu(tr("&Tools"));
     QAction *options = tools->addAction(tr("&Options..."), this, &MainWindow::editOptions);
@@ -150,6 +231,16 @@ void MainWindow::about()
     QMessageBox::about(this, tr("About Nevra"),
                        tr("<b>Nevra</b> %1<p>Configuration of audio control panels and intercoms.</p>")
                            .arg(QApplication::applicationVersion()));
+}
+
+bool MainWindow::event(QEvent *event)
+{
+    // The first paint is when the user first sees the window; the line lets start-up be timed from outside.
+    if (event->type() == QEvent::Paint && !m_painted) {
+        m_painted = true;
+        LOG_INFO(QStringLiteral("Window shown"));
+    }
+    return QMainWindow::event(event);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

@@ -9,13 +9,15 @@
 
 class NvrOptions;
 class QLabel;
-class QTabWidget;
+class QListWidget;
+class QStackedWidget;
 class TerminalPage;
 
 /**
- * The host's one window: a page per tool in a tab widget, the options
- * dialog in the Tools menu, and a status line showing the configured ports.
- * Geometry and the last page are kept in the application's settings.
+ * The host's one window: a page per tool, chosen from a list at the side
+ * in which section headings group the pages; the options dialog in the
+ * Tools menu, and a status line showing the configured ports. Geometry and
+ * the last page are kept in the application's settings.
  */
 class MainWindow : public QMainWindow
 {
@@ -24,28 +26,41 @@ public:
     explicit MainWindow(NvrOptions *options, QWidget *parent = nullptr);
     ~MainWindow() override;
 
-    QTabWidget *pages() const { return m_pages; }
+    QStackedWidget *pages() const { return m_pages; }
+    QListWidget *pageList() const { return m_pageList; }
+    /// The title under which the page at index of pages() is listed.
+    QString pageTitle(int index) const;
     /**
-     * Adds a page as a tab; the page's objectName identifies it in tests.
-     * askToSave, when given, offers to save the page's unsaved data before
-     * the window closes and returns false when the user cancels.
+     * Adds a page to the list under the last section heading; the page's
+     * objectName identifies it in tests. askToSave, when given, offers to
+     * save the page's unsaved data before the window closes and returns
+     * false when the user cancels.
      */
     void addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave = {});
+    /// Adds a heading to the list; it cannot be chosen.
+    void addSection(const QString &title);
+    void showPage(int index);
 
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
     void createMenus();
+    /// Shows the next page in the list, or the previous one for a negative step, wrapping around.
+    void stepPage(int step);
+    int rowOfPage(int index) const;
     void updatePortStatus();
     void editOptions();
     void about();
 
     NvrOptions *m_options;
-    QTabWidget *m_pages;
+    QListWidget *m_pageList;
+    QStackedWidget *m_pages;
     QLabel *m_portStatus;
     QList<std::function<bool()>> m_savePrompts;
     TerminalPage *m_terminal = nullptr;
+    bool m_painted = false;
 };
 
 #endif

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "terminalpage.h"
 
+#include "hostmessage.h"
+
 #include "classes/nvroptions.h"
 #include "classes/serialport.h"
 #include "widgets/consolewidget.h"
@@ -64,7 +66,7 @@ TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
 
     // Deferred so that the window is up before a slow or failing port is tried.
     if (m_options->connect())
-        QTimer::singleShot(0, this, &TerminalPage::connectPort);
+        QTimer::singleShot(0, this, &TerminalPage::connectAtStart);
 }
 
 TerminalPage::~TerminalPage()
@@ -104,6 +106,17 @@ void TerminalPage::connectPort()
     m_port->open(portName(m_options->comPortNumber()), QSerialPort::Baud9600, QSerialPort::NoParity,
                  QSerialPort::Data8, QSerialPort::OneStop, SerialPort::Asynchronous);
     updateActions();
+}
+
+void TerminalPage::connectAtStart()
+{
+    connectPort();
+    if (!isConnected()) {
+        HostMessage::inform(this, tr("Connect"),
+                            tr("%1 could not be opened. Choose the configuration port in Tools > Options; "
+                               "-noconnect starts without connecting.")
+                                .arg(portName(m_options->comPortNumber())));
+    }
 }
 
 void TerminalPage::disconnectPort()

@@ -48,6 +48,8 @@ public Q_SLOTS:
     void disconnectPort();
 
 private:
+    /// Connects as the options ask at start, and says so when the port cannot be opened.
+    void connectAtStart();
     void sendCommand(const QString &command);
     void receive(const QList<QVariant> &bytes);
     void answerComplete();

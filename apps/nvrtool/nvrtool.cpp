@@ -11,6 +11,7 @@
 #include "classes/serialport.h"
 #include "kvcore.h"
 #include "kvhex.h"
+#include "headerfile.h"
 #include "librarytable.h"
 #include "widgets/modstatuswidget.h"
 
@@ -48,13 +49,6 @@ QString plainText(const QString &html)
 {
     static const QRegularExpression tag(QStringLiteral("<[^>]*>"));
     return QString(html).remove(tag);
-}
-
-// Hex text as the bytes are shown elsewhere ("0A 1B ..."), as opposed to the raw record.
-bool isHexText(const QByteArray &bytes)
-{
-    static const QRegularExpression hexText(QStringLiteral("^[\\s0-9A-Fa-f]*[0-9A-Fa-f][\\s0-9A-Fa-f]*$"));
-    return hexText.match(QString::fromLatin1(bytes)).hasMatch();
 }
 
 // Accepts decimal and 0x-prefixed hexadecimal, as users copy them from either form.
@@ -253,8 +247,7 @@ int NvrTool::headerDecode(const QStringList &arguments)
     QByteArray bytes;
     if (!readInput(fileName, bytes))
         return Failure;
-    if (isHexText(bytes))
-        bytes = Memory::HexStringToByteArray(QString::fromLatin1(bytes));
+    bytes = HeaderFile::decode(bytes);
 
     ProductDataHeader header;
     if (!header.setData(bytes)) {
@@ -322,8 +315,9 @@ int NvrTool::headerEncode(const QStringList &arguments)
         QString name;
         QString value;
         int width;
-    } fields[] = {{QStringLiteral("model"), model, 16}, {QStringLiteral("serial"), serial, 8},
-                  {QStringLiteral("build configuration"), build, 4}};
+    } fields[] = {{QStringLiteral("model"), model, HeaderFile::modelWidth},
+                  {QStringLiteral("serial"), serial, HeaderFile::serialWidth},
+                  {QStringLiteral("build configuration"), build, HeaderFile::buildConfigurationWidth}};
     for (const auto &field : fields) {
         if (field.value.toLatin1().size() > field.width)
             return usageError(QStringLiteral("header encode: %1 longer than %2 characters: %3")
@@ -339,9 +333,7 @@ int NvrTool::headerEncode(const QStringList &arguments)
     header.setProductInfo(model, serial, modStatus, build);
     if (parser.isSet(QStringLiteral("programmed")))
         header.punchProgramTime();
-    QByteArray bytes = header.data();
-    if (parser.isSet(QStringLiteral("hex")))
-        bytes = KvHex::BufferToHexString(bytes).toLatin1() + '\n';
+    const QByteArray bytes = HeaderFile::encode(header.data(), parser.isSet(QStringLiteral("hex")));
     const QString output = parser.value(QStringLiteral("output"));
     QFile file(output);
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush())

@@ -3,10 +3,12 @@
 //
 // Whole-process time of "nvrtool header decode FILE": start, library load,
 // decoding and exit, as a script calling the tool sees it. Both the raw and
-// the hex-text form of one header are timed; rounds alternate between them.
+// the hex-text form of one header are timed; the anchor is "nvrtool --version",
+// the same start, library load and exit with no work. Rounds alternate.
 // Usage: bench_nvrtool [rounds]
 
 #include "classes/productdataheader.h"
+#include "processtiming.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -14,37 +16,25 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <QVector>
-
-#include <algorithm>
 
 namespace {
 
-struct Timing
-{
-    QVector<double> ms;
-    void print(QTextStream &out, const char *name) const
-    {
-        QVector<double> sorted = ms;
-        std::sort(sorted.begin(), sorted.end());
-        const int n = sorted.size();
-        const double median = n % 2 ? sorted[n / 2] : (sorted[n / 2 - 1] + sorted[n / 2]) / 2;
-        out << qSetFieldWidth(24) << Qt::left << name << qSetFieldWidth(0) << "median " << median
-            << " ms, min " << sorted.first() << " ms, max " << sorted.last() << " ms\n";
-    }
-};
-
-// Milliseconds from start to exit, or -1 when the run failed.
-double decode(const QString &file)
+// Milliseconds from start to exit, or -1 when the run failed or its output lacks what it must say.
+double run(const QStringList &arguments, const QByteArray &expected)
 {
     QElapsedTimer timer;
     timer.start();
     QProcess tool;
-    tool.start(QStringLiteral(NVRTOOL_BINARY), {QStringLiteral("header"), QStringLiteral("decode"), file});
+    tool.start(QStringLiteral(NVRTOOL_BINARY), arguments);
     if (!tool.waitForFinished(60000) || tool.exitStatus() != QProcess::NormalExit || tool.exitCode() != 0
-        || !tool.readAllStandardOutput().contains("(matches)"))
+        || !tool.readAllStandardOutput().contains(expected))
         return -1;
     return double(timer.nsecsElapsed()) / 1e6;
+}
+
+double decode(const QString &file)
+{
+    return run({QStringLiteral("header"), QStringLiteral("decode"), file}, "(matches)");
 }
 
 bool writeFile(const QString &name, const QByteArray &bytes)
@@ -77,20 +67,26 @@ int main(int argc, char *argv[])
         return 2;
     }
 
-    Timing rawTiming;
-    Timing hexTiming;
+    ProcessTiming rawTiming;
+    ProcessTiming hexTiming;
+    ProcessTiming anchor;
     for (int round = 0; round < rounds; ++round) {
+        const double anchorMs = run({QStringLiteral("--version")}, "nvrtool");
         const double rawMs = decode(raw);
         const double hexMs = decode(hex);
-        if (rawMs < 0 || hexMs < 0) {
-            err << "nvrtool header decode failed\n";
+        if (rawMs < 0 || hexMs < 0 || anchorMs < 0) {
+            err << "an nvrtool run failed\n";
             return 1;
         }
-        rawTiming.ms << rawMs;
-        hexTiming.ms << hexMs;
+        rawTiming.add(rawMs);
+        hexTiming.add(hexMs);
+        anchor.add(anchorMs);
     }
     out << "nvrtool header decode, whole process, " << rounds << " rounds\n";
     rawTiming.print(out, "raw 56-byte file:");
     hexTiming.print(out, "hex text file:");
+    anchor.print(out, "anchor, nvrtool --version:");
+    out << "decode / anchor (medians): raw " << rawTiming.median() / anchor.median() << ", hex text "
+        << hexTiming.median() / anchor.median() << "\n";
     return 0;
 }

@@ -21,6 +21,8 @@ void TestAppDir::prepare(const QString &organization)
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName(organization);
     KvCore::setApplicationDirPath(QString());
+    // A run that was killed left its options behind; they must not leak into this one.
+    QDir(filePath(organization)).removeRecursively();
     clearData();
 }
 

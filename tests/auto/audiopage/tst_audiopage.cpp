@@ -3,7 +3,6 @@
 #include "audiopage.h"
 #include "classes/nvroptions.h"
 #include "classes/nvrwav.h"
-#include "mainwindow.h"
 #include "filedialogchooser.h"
 #include "messageboxrecorder.h"
 #include "testappdir.h"
@@ -14,7 +13,6 @@
 #include <QLineEdit>
 #include <QProcess>
 #include <QPushButton>
-#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -102,15 +100,6 @@ private Q_SLOTS:
         const QString target = m_dir.filePath(QStringLiteral("from dialog.wav"));
         QVERIFY(chooseInDialog(page.findChild<QPushButton *>(QStringLiteral("saveButton")), target));
         QVERIFY(QFile::exists(m_dir.filePath(QStringLiteral("from dialog.kv37.wav"))));
-    }
-
-    void pageInTheMainWindow()
-    {
-        MainWindow window(m_options.get());
-        QTabWidget *pages = window.pages();
-        auto *page = window.findChild<AudioPage *>(QStringLiteral("AudioPage"));
-        QVERIFY(page);
-        QCOMPARE(pages->tabText(pages->indexOf(page)), QStringLiteral("Audio"));
     }
 
 private:

@@ -1,7 +1,9 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
+#include "classes/productdataheader.h"
 #include "classes/rtsfile.h"
+#include "headerpage.h"
 #include "kvtableview.h"
 #include "mainwindow.h"
 #include "messageboxrecorder.h"
@@ -17,7 +19,10 @@
 #include <QLabel>
 #include <QProcess>
 #include <QSpinBox>
-#include <QTabWidget>
+#include <QImage>
+#include <QListWidget>
+#include <QSet>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -46,6 +51,8 @@ private Q_SLOTS:
     void optionsDialogFromTheMenu();
     void closingOffersToSaveTheLibraries();
     void everyLibraryPageAsksBeforeClosing();
+    void everyPageShowsContent();
+    void pageListSkipsHeadingsAndIsRemembered();
 };
 
 void tst_Host::initTestCase()
@@ -83,7 +90,7 @@ void tst_Host::headlessStartExits()
 
 void tst_Host::statusFollowsThePorts()
 {
-    NvrOptions options({QStringLiteral("nevra")});
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
     MainWindow window(&options);
     window.show();
     auto *status = window.findChild<QLabel *>(QStringLiteral("portStatus"));
@@ -96,7 +103,7 @@ void tst_Host::statusFollowsThePorts()
 
 void tst_Host::optionsDialogFromTheMenu()
 {
-    NvrOptions options({QStringLiteral("nevra")});
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
     MainWindow window(&options);
     window.show();
     MessageBoxRecorder boxes;
@@ -121,7 +128,7 @@ void tst_Host::optionsDialogFromTheMenu()
 
 void tst_Host::closingOffersToSaveTheLibraries()
 {
-    NvrOptions options({QStringLiteral("nevra")});
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
     MainWindow window(&options);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -141,7 +148,7 @@ void tst_Host::closingOffersToSaveTheLibraries()
 
 void tst_Host::everyLibraryPageAsksBeforeClosing()
 {
-    NvrOptions options({QStringLiteral("nevra")});
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
     MainWindow window(&options);
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
@@ -173,6 +180,83 @@ void tst_Host::everyLibraryPageAsksBeforeClosing()
                              "BluetoothDevicesTableEditWidget", "NonAircraftRadiosTableEditWidget",
                              "SerialDataDevicesTableEditWidget", "LegendsConvertTableEditWidget"})
         QVERIFY2(editors.count(QLatin1String(name)) == 1, name);
+}
+
+void tst_Host::everyPageShowsContent()
+{
+    // NVR_SCREENSHOT_DIR keeps the pictures for a person to look at (tests/screenshots).
+    const QString keep = qEnvironmentVariable("NVR_SCREENSHOT_DIR");
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
+    MainWindow window(&options);
+    window.resize(1000, 650);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    // The header page is worth a look with a header in it.
+    QTemporaryDir dir;
+    const QString headerFile = dir.filePath(QStringLiteral("header.bin"));
+    ProductDataHeader header;
+    header.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0x5, QStringLiteral("B"));
+    QFile file(headerFile);
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write(header.data()) == 56);
+    file.close();
+    QVERIFY(window.findChild<HeaderPage *>()->openFile(headerFile));
+    QStringList titles;
+    for (int index = 0; index < window.pages()->count(); ++index) {
+        window.showPage(index);
+        QWidget *page = window.pages()->currentWidget();
+        QVERIFY(page->isVisible());
+        titles << window.pageTitle(index);
+        QCOMPARE(window.pageList()->currentItem()->text(), titles.last());
+        const QImage shot = window.grab().toImage();
+        const QImage content = page->grab().toImage();
+        // Text gives a page many colours (anti-aliasing); a blank or unpainted one has one to three.
+        QSet<QRgb> colours;
+        for (int y = 0; y < content.height(); y += 2) {
+            for (int x = 0; x < content.width(); x += 2)
+                colours.insert(content.pixel(x, y));
+        }
+        QVERIFY2(colours.size() >= 5, qPrintable(QStringLiteral("%1: %2 colours").arg(titles.last()).arg(colours.size())));
+        if (!keep.isEmpty())
+            QVERIFY(shot.save(QStringLiteral("%1/%2-%3.png").arg(keep).arg(index, 2, 10, QLatin1Char('0')).arg(page->objectName())));
+    }
+    QCOMPARE(titles, (QStringList{QStringLiteral("Start"), QStringLiteral("Radios"), QStringLiteral("Headsets"),
+                                  QStringLiteral("Audio Systems"), QStringLiteral("Intercoms"),
+                                  QStringLiteral("Music Systems"), QStringLiteral("Bluetooth Devices"),
+                                  QStringLiteral("Non-Aircraft Radios"), QStringLiteral("Serial Data Devices"),
+                                  QStringLiteral("Legends"), QStringLiteral("Product Configurations"),
+                                  QStringLiteral("Product Header"), QStringLiteral("Terminal"),
+                                  QStringLiteral("Picture"), QStringLiteral("Audio"), QStringLiteral("Options")}));
+}
+
+void tst_Host::pageListSkipsHeadingsAndIsRemembered()
+{
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
+    int headerPage = -1;
+    {
+        MainWindow window(&options);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        window.showPage(0);
+        QListWidget *list = window.pageList();
+        // From Start, the next page is Radios, past the "Libraries" heading, by menu key and by arrow key.
+        QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+        QCOMPARE(window.pageTitle(window.pages()->currentIndex()), QStringLiteral("Radios"));
+        QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+        QTest::keyClick(&window, Qt::Key_PageUp, Qt::ControlModifier);
+        QCOMPARE(window.pageTitle(window.pages()->currentIndex()), QStringLiteral("Options"));
+        window.showPage(10);
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Down);
+        QCOMPARE(list->currentItem()->text(), QStringLiteral("Product Header"));
+        headerPage = window.pages()->currentIndex();
+        QTest::keyClick(list, Qt::Key_Up);
+        QCOMPARE(window.pageTitle(window.pages()->currentIndex()), QStringLiteral("Product Configurations"));
+        QTest::keyClick(list, Qt::Key_Down);
+        QVERIFY(window.close());
+    }
+    MainWindow again(&options);
+    QCOMPARE(again.pages()->currentIndex(), headerPage);
+    QCOMPARE(again.pageList()->currentItem()->text(), QStringLiteral("Product Header"));
 }
 
 QTEST_MAIN(tst_Host)

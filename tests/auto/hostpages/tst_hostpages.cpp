@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
 #include "mainwindow.h"
+#include "messageboxrecorder.h"
 #include "optionspage.h"
 #include "picturepage.h"
 #include "ptypair.h"
@@ -15,7 +16,9 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
-#include <QTabWidget>
+#include <QMessageBox>
+#include <QStackedWidget>
+#include <QStatusBar>
 #include <QTest>
 #include <QTimer>
 
@@ -93,6 +96,7 @@ private Q_SLOTS:
     void terminalTalksToADevice();
     void terminalFollowsThePort();
     void windowPagesAndMenu();
+    void connectAtStartSaysWhenItFails();
 };
 
 void tst_HostPages::init()
@@ -194,11 +198,6 @@ void tst_HostPages::windowPagesAndMenu()
     MainWindow window(&options);
     window.show();
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    QStringList tabs;
-    for (int i = 0; i < window.pages()->count(); ++i)
-        tabs << window.pages()->tabText(i);
-    for (const char *page : {"Start", "Terminal", "Picture", "Options"})
-        QVERIFY2(tabs.contains(QLatin1String(page)), page);
 
     auto *terminal = window.findChild<TerminalPage *>();
     QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
@@ -208,13 +207,43 @@ void tst_HostPages::windowPagesAndMenu()
 
     // The picture is fitted to its page when the page shows.
     auto *picture = window.findChild<PicturePage *>();
-    window.pages()->setCurrentWidget(picture);
+    window.showPage(window.pages()->indexOf(picture));
     QTRY_VERIFY(picture->viewer()->findChild<QLabel *>(QStringLiteral("imageLabel"))->width() > 100);
 
     auto *portRow = window.findChild<OptionsPage *>()->findChild<QLabel *>(QStringLiteral("comPort2"));
     QCOMPARE(portRow->text(), QStringLiteral("none"));
     options.setComPort2Number(8);
     QCOMPARE(portRow->text(), QStringLiteral("COM8"));
+}
+
+void tst_HostPages::connectAtStartSaysWhenItFails()
+{
+    PtyPair pair;
+    START_DEVICE(pair, 3);
+    MessageBoxRecorder boxes;
+    for (const char *quiet : {"", "-nomessages"}) {
+        NvrOptions options({QStringLiteral("nevra"), QLatin1String(quiet)});
+        g_nvrOptions = &options;
+        options.setComPortNumber(3);
+        {
+            MainWindow window(&options);
+            QTRY_VERIFY(window.findChild<TerminalPage *>()->isConnected());
+        }
+        options.setComPortNumber(9);
+        MainWindow window(&options);
+        const QString text = QStringLiteral("COM9 could not be opened. Choose the configuration port in "
+                                            "Tools > Options; -noconnect starts without connecting.");
+        QTRY_COMPARE(window.statusBar()->currentMessage(), text);
+        g_nvrOptions = nullptr;
+        if (options.showMessages()) {
+            QTRY_COMPARE(boxes.count(), 1);
+            QCOMPARE(boxes.last().title, QStringLiteral("Connect"));
+            QCOMPARE(boxes.last().text, text);
+        } else {
+            QTest::qWait(200);
+            QCOMPARE(boxes.count(), 1); // none more
+        }
+    }
 }
 
 QTEST_MAIN(tst_HostPages)

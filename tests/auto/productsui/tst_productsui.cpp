@@ -24,7 +24,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QTabWidget>
+#include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
@@ -414,7 +414,7 @@ void tst_ProductsUi::searchAndClicks()
 void tst_ProductsUi::hostPageOffersFailedSaves()
 {
     MessageBoxRecorder boxes;
-    NvrOptions options({QStringLiteral("nevra")});
+    NvrOptions options({QStringLiteral("nevra"), QStringLiteral("-noconnect")});
     {
         MainWindow window(&options);
         window.show();
@@ -422,8 +422,8 @@ void tst_ProductsUi::hostPageOffersFailedSaves()
         auto *page = window.findChild<ProductConfigsWidget *>(QStringLiteral("ProductConfigsWidget"));
         QVERIFY(page);
         const int tab = window.pages()->indexOf(page);
-        QCOMPARE(window.pages()->tabText(tab), QStringLiteral("Product Configurations"));
-        window.pages()->setCurrentIndex(tab);
+        QCOMPARE(window.pageTitle(tab), QStringLiteral("Product Configurations"));
+        window.showPage(tab);
         QCOMPARE(page->tableViewWidget()->view()->model()->rowCount(), 3);
 
         // A folder in the file's place: the save after the edit fails, and closing offers it again.
