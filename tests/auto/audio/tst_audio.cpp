@@ -7,6 +7,7 @@
 #include "kvhex.h"
 #include "logcapture.h"
 #include "testappdir.h"
+#include "testfiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -33,18 +34,6 @@ QByteArray riff(const QByteArray &chunks)
     return "RIFF" + KvHex::UintToBuffer(4 + chunks.size()) + "WAVE" + chunks;
 }
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QFile::WriteOnly));
-    QCOMPARE(file.write(bytes), qint64(bytes.size()));
-}
 }
 
 class tst_Audio : public QObject
@@ -188,7 +177,7 @@ private Q_SLOTS:
         QCOMPARE(log.messages(LogRecord::Trace).join(QString()), "StdOutput: " + description);
 
         // A failed run describes nothing, whatever an earlier run left behind.
-        writeAll(input("notes.wav"), "not a sound\n");
+        QVERIFY(TestFiles::write(input("notes.wav"), "not a sound\n"));
         QCOMPARE(sox.metadata(input("notes.wav")), QString());
     }
 
@@ -220,7 +209,7 @@ private Q_SLOTS:
         QFETCH(int, channels);
         QFETCH(QByteArray, samples);
 
-        writeAll(input("parse.wav"), file);
+        QVERIFY(TestFiles::write(input("parse.wav"), file));
         Wav wav;
         wav.setAudioData("stale");
         QCOMPARE(wav.readFile(input("parse.wav")), channels > 0);
@@ -247,14 +236,14 @@ private Q_SLOTS:
         const QString source = input(name);
         if (!QFile::exists(source))
             QSKIP("the installed SoX does not write this format");
-        const QByteArray original = readAll(source);
+        const QByteArray original = TestFiles::read(source);
 
         LogCapture log;
         NvrWav wav;
         QVERIFY(wav.importFile(source));
         const QString workFile = TestAppDir::filePath("tmp/" + name);
-        QCOMPARE(readAll(workFile), wav.rawData()); // WAV data, whatever the name says
-        QCOMPARE(readAll(source), original);
+        QCOMPARE(TestFiles::read(workFile), wav.rawData()); // WAV data, whatever the name says
+        QCOMPARE(TestFiles::read(source), original);
         const WavFormat format = wav.format();
         QCOMPARE(QVector<uint>({format.channels, format.bitsPerSample, format.sampleRate}),
                  QVector<uint>({1, 16, 22050}));
@@ -274,8 +263,8 @@ private Q_SLOTS:
         const QString source = input("stereo.wav");
         NvrWav wav;
         QVERIFY(wav.importFile(source));
-        QCOMPARE(wav.rawData(), readAll(source));
-        QCOMPARE(readAll(NvrWav::workFileName(source)), readAll(source));
+        QCOMPARE(wav.rawData(), TestFiles::read(source));
+        QCOMPARE(TestFiles::read(NvrWav::workFileName(source)), TestFiles::read(source));
         QCOMPARE(wav.durationMs(), qint64(20000));
 
         // Without the tool the import fails with the reason, after making the work folder.
@@ -298,7 +287,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name"); // "@" for the application directory
         QTest::addColumn<QByteArray>("bytes"); // null: no such file
         QTest::addColumn<bool>("sox");
-        const QByteArray wav = readAll(input("mono8.wav"));
+        const QByteArray wav = TestFiles::read(input("mono8.wav"));
         const QList<QPair<const char *, QPair<QString, QByteArray>>> inputs = {
             {"text named .wav", {"notes.wav", "not a sound at all\n"}},
             {"missing file", {"missing.wav", QByteArray()}},
@@ -320,13 +309,13 @@ private Q_SLOTS:
         m_options->setSoxLibraryEnabled(sox);
         const QString source = name.startsWith('@') ? TestAppDir::filePath(name.mid(1)) : input(name);
         if (!bytes.isNull())
-            writeAll(source, bytes);
+            QVERIFY(TestFiles::write(source, bytes));
         NvrWav wav;
         wav.setAudioData("stale");
         QVERIFY(!wav.importFile(source));
         QVERIFY(wav.isEmpty());
         QCOMPARE(QFile::exists(source), !bytes.isNull());
-        QCOMPARE(readAll(source), bytes.isNull() ? QByteArray() : bytes);
+        QCOMPARE(TestFiles::read(source), bytes.isNull() ? QByteArray() : bytes);
     }
 
     void deviceFormat_data()
@@ -354,7 +343,7 @@ private Q_SLOTS:
         QVERIFY(wav.importFile(input("samples.wav")));
         QCOMPARE(wav.rawData().mid(Wav::HeaderSize), codes);
         QCOMPARE(wav.dataSize(), samples.size()); // an odd count keeps its padding byte outside the data
-        QCOMPARE(readAll(input("samples.wav")), plain.rawData());
+        QCOMPARE(TestFiles::read(input("samples.wav")), plain.rawData());
     }
 
     void saveFile_data()
@@ -380,14 +369,14 @@ private Q_SLOTS:
         // Relative names, so that no folder above has the suffix text in its name.
         const QString home = QDir::currentPath();
         QVERIFY(QDir::setCurrent(m_dir.path()));
-        writeAll("plain file", "x");
+        QVERIFY(TestFiles::write("plain file", "x"));
         QDir().mkpath(QFileInfo(saved).path());
         NvrWav wav;
         const bool emptySaved = wav.saveFile(given);
         wav.setAudioData("abcd");
         QCOMPARE(wav.saveFileName(given), saved);
         const bool savedOk = wav.saveFile(given);
-        const QByteArray written = readAll(saved);
+        const QByteArray written = TestFiles::read(saved);
         QFile::remove(saved);
         QVERIFY(QDir::setCurrent(home));
         QVERIFY(!emptySaved);

@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "models/csvmodel.h"
+#include "testfiles.h"
 
 #include <QAbstractItemModelTester>
 #include <QBuffer>
@@ -41,17 +42,6 @@ CsvModel *load(QByteArray bytes, bool withHeader = true, QChar separator = QLati
     return new CsvModel(&buffer, nullptr, withHeader, separator);
 }
 
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray readFile(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
 }
 
 class tst_CsvModel : public QObject
@@ -137,7 +127,7 @@ void tst_CsvModel::badInputLoads()
 
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("bad.csv"));
-    QVERIFY(writeFile(path, input));
+    QVERIFY(TestFiles::write(path, input));
     CsvModel model(path);
     QCOMPARE(model.rowCount(), rows);
     if (columns >= 0)
@@ -160,7 +150,7 @@ void tst_CsvModel::write()
     QVERIFY(original->fileName().isEmpty());
     CsvModel copy(path);
     QCOMPARE(table(copy), table(*original));
-    QCOMPARE(readFile(path), csv(*original));
+    QCOMPARE(TestFiles::read(path), csv(*original));
     QVERIFY(QFileInfo(path).permissions() & QFile::ReadOther); // an ordinary file, not a private temporary
 }
 
@@ -169,7 +159,7 @@ void tst_CsvModel::failedSaveKeepsThePreviousFile()
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("kept.csv"));
     const QByteArray previous("\"A\",\"B\"\n\"old\",\"row\"\n");
-    QVERIFY(writeFile(path, previous));
+    QVERIFY(TestFiles::write(path, previous));
     CsvModel model(path);
     QByteArray larger = QByteArray("A,B\n") + QByteArray("a rather long new cell,and another\n").repeated(2000);
     QBuffer source(&larger);
@@ -189,7 +179,7 @@ void tst_CsvModel::failedSaveKeepsThePreviousFile()
         return submitted;
     };
     QVERIFY(submitOnFullDisk(4096)); // the write fails part way
-    QCOMPARE(readFile(path), previous);
+    QCOMPARE(TestFiles::read(path), previous);
     QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList{QStringLiteral("kept.csv")});
 
     // A table that fits the write buffer fails only at the flush, which
@@ -198,12 +188,12 @@ void tst_CsvModel::failedSaveKeepsThePreviousFile()
     QBuffer smallSource(&small);
     model.setSource(&smallSource);
     QVERIFY(submitOnFullDisk(8));
-    QCOMPARE(readFile(path), previous);
+    QCOMPARE(TestFiles::read(path), previous);
 
     model.toCSV(path + QStringLiteral("/inside.csv")); // a path through a regular file
-    QCOMPARE(readFile(path), previous);
+    QCOMPARE(TestFiles::read(path), previous);
     QVERIFY(model.submit());
-    QCOMPARE(readFile(path), csv(model));
+    QCOMPARE(TestFiles::read(path), csv(model));
 }
 
 void tst_CsvModel::editCells()
@@ -274,11 +264,11 @@ void tst_CsvModel::submitAndRevertUseHeaderAndComma()
 {
     QTemporaryDir dir;
     const QString path = dir.filePath(QStringLiteral("table.csv"));
-    QVERIFY(writeFile(path, "a;b\nc;d\n"));
+    QVERIFY(TestFiles::write(path, "a;b\nc;d\n"));
     CsvModel model(path, nullptr, false, QLatin1Char(';'));
     model.setHeaderData({QStringLiteral("X"), QStringLiteral("Y")});
     QVERIFY(model.submit());
-    QCOMPARE(readFile(path), QByteArray("\"X\",\"Y\"\n\"a\",\"b\"\n\"c\",\"d\"\n"));
+    QCOMPARE(TestFiles::read(path), QByteArray("\"X\",\"Y\"\n\"a\",\"b\"\n\"c\",\"d\"\n"));
 
     QAbstractItemModelTester tester(&model);
     QVERIFY(model.insertRows(2, 1));

@@ -17,6 +17,7 @@
 #include "models/rtstablemodel.h"
 #include "ptypair.h"
 #include "testappdir.h"
+#include "testfiles.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -39,28 +40,16 @@
 #define START_PAIR(pair) QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()))
 
 namespace {
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-bool writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QFile::WriteOnly | QFile::Truncate) && file.write(bytes) == bytes.size();
-}
-
 /// The ids of this process's children running the program named comm.
 QList<pid_t> childPids(const QByteArray &comm)
 {
     // Children forked by the main thread; reading one file keeps the poll
     // fast enough to catch a short-lived child, also under the sanitizers.
     QList<pid_t> pids;
-    const QList<QByteArray> ids = readAll(QStringLiteral("/proc/%1/task/%1/children").arg(getpid())).split(' ');
+    const QList<QByteArray> ids = TestFiles::read(QStringLiteral("/proc/%1/task/%1/children").arg(getpid())).split(' ');
     for (const QByteArray &id : ids) {
         const pid_t pid = id.toInt();
-        if (pid > 0 && readAll(QStringLiteral("/proc/%1/comm").arg(pid)).trimmed() == comm)
+        if (pid > 0 && TestFiles::read(QStringLiteral("/proc/%1/comm").arg(pid)).trimmed() == comm)
             pids << pid;
     }
 
@@ -115,10 +104,10 @@ private Q_SLOTS:
     {
         MessageBoxRecorder boxes;
         const QString path = dataPath(QStringLiteral("audiosystems.csv"));
-        QVERIFY(writeAll(path, "Id,Type,Company,Model,Mic,Level,Phones\n1,0,Acme,X1,0.5,1,1.0\n"));
+        QVERIFY(TestFiles::write(path, "Id,Type,Company,Model,Mic,Level,Phones\n1,0,Acme,X1,0.5,1,1.0\n"));
         AudioSystemsModel *model = AudioSystemsModel::instance();
         QVERIFY(model->submit());
-        const QByteArray saved = readAll(path);
+        const QByteArray saved = TestFiles::read(path);
         QVERIFY2(saved.contains("\"Acme\",\"X1\""), saved.constData());
 
         // Full disk: the write fails, the previous file stays whole.
@@ -127,11 +116,11 @@ private Q_SLOTS:
             FullDisk full(16);
             QVERIFY(model->submit());
         }
-        QCOMPARE(readAll(path), saved);
+        QCOMPARE(TestFiles::read(path), saved);
 
         // A file where the data folder should be, then the folder gone altogether.
         withDataFolderAsFile([&] { QVERIFY(model->submit()); });
-        QCOMPARE(readAll(path), saved);
+        QCOMPARE(TestFiles::read(path), saved);
         const QString folder = TestAppDir::filePath(QStringLiteral("nevradat"));
         QVERIFY(QDir(folder).removeRecursively());
         QVERIFY(model->submit());
@@ -140,7 +129,7 @@ private Q_SLOTS:
         QCOMPARE(boxes.count(), 0);
         // The model is still usable: once the folder is back, saving works again.
         QVERIFY(model->submit());
-        QVERIFY(readAll(path).contains("Longer Model Name Than Before"));
+        QVERIFY(TestFiles::read(path).contains("Longer Model Name Than Before"));
     }
 
     void productsSaveFailureIsShownAndKeepsTheFile()
@@ -152,7 +141,7 @@ private Q_SLOTS:
         model->insertFromJsonArray(QJsonArray{QJsonObject{{"productNumber", "P1"}, {"startBuildConfigRev", "A"},
                                                           {"endBuildConfigRev", "C"}, {"hardwareConfiguration", 1}}});
         QVERIFY(file->saveToJsonFile(path, true));
-        const QByteArray saved = readAll(path);
+        const QByteArray saved = TestFiles::read(path);
         QVERIFY(saved.contains("P1"));
         QCOMPARE(boxes.count(), 0);
 
@@ -161,7 +150,7 @@ private Q_SLOTS:
             FullDisk full(16);
             QVERIFY(!file->saveToJsonFile(path, true));
         }
-        QCOMPARE(readAll(path), saved);
+        QCOMPARE(TestFiles::read(path), saved);
         QCOMPARE(boxes.count(), 1);
         QCOMPARE(boxes.last().title, QStringLiteral("Error Saving File"));
         QVERIFY2(boxes.last().text.startsWith(QStringLiteral("Unable to save '%1'.\n").arg(path)),
@@ -174,7 +163,7 @@ private Q_SLOTS:
             QVERIFY(!file->saveToJsonFile(path, false));
             QCOMPARE(boxes.count(), 2);
         });
-        QCOMPARE(readAll(path), saved);
+        QCOMPARE(TestFiles::read(path), saved);
     }
 
     void radioFilesSaveSilentlyAndKeepTheirFiles()
@@ -185,8 +174,8 @@ private Q_SLOTS:
         file->appendNew(200, QStringLiteral("Acme"), QStringLiteral("VHF-1"), Rt::RtType(1), QStringLiteral("1.00"),
                         QString(), QStringLiteral("0.100"), QString(), 0);
         QVERIFY(file->saveFiles());
-        const QByteArray base = readAll(file->baseFileName());
-        const QByteArray user = readAll(file->userFileName());
+        const QByteArray base = TestFiles::read(file->baseFileName());
+        const QByteArray user = TestFiles::read(file->userFileName());
         QVERIFY(user.contains("Acme"));
 
         // Write failures are not checked, yet they must not cost the files on disk.
@@ -198,14 +187,14 @@ private Q_SLOTS:
             QVERIFY(file->saveFiles());
             QVERIFY(file->saveBaseFile());
         }
-        QCOMPARE(readAll(file->userFileName()), user);
-        QCOMPARE(readAll(file->baseFileName()), base);
+        QCOMPARE(TestFiles::read(file->userFileName()), user);
+        QCOMPARE(TestFiles::read(file->baseFileName()), base);
 
         withDataFolderAsFile([&] {
             QVERIFY(file->saveFiles());
             QVERIFY(file->saveBaseFile());
         });
-        QCOMPARE(readAll(file->userFileName()), user);
+        QCOMPARE(TestFiles::read(file->userFileName()), user);
         QCOMPARE(boxes.count(), 0);
         QVERIFY(model->rowCount() > 0);
     }
@@ -258,7 +247,7 @@ private Q_SLOTS:
             QVERIFY(maker.exec(QStringLiteral("\"%1\" -n -r 44100 -b 16 -c 2 \"%2\" synth 120 sine 440")
                                    .arg(maker.exe(), source)));
         }
-        const QByteArray original = readAll(source);
+        const QByteArray original = TestFiles::read(source);
         QVERIFY(original.size() > 1000000);
 
         // Killed mid-conversion: the import fails at once and the source is as it was.
@@ -286,7 +275,7 @@ private Q_SLOTS:
             QVERIFY2(clock.elapsed() < 15000, qPrintable(QString::number(clock.elapsed())));
             QVERIFY2(log.messages(LogRecord::Error).join(QLatin1Char('\n')).contains(QLatin1String("crashed")),
                      qPrintable(log.messages().join(QLatin1Char('\n'))));
-            QCOMPARE(readAll(source), original);
+            QCOMPARE(TestFiles::read(source), original);
             QCOMPARE(wav.rawData(), QByteArray());
         }
 
@@ -318,7 +307,7 @@ private:
         const QString aside = TestAppDir::filePath(QStringLiteral("nevradat.aside"));
         QDir(aside).removeRecursively();
         QVERIFY(QDir().rename(folder, aside));
-        QVERIFY(writeAll(folder, "not a folder"));
+        QVERIFY(TestFiles::write(folder, "not a folder"));
         fn();
         QVERIFY(QFile::remove(folder));
         QVERIFY(QDir().rename(aside, folder));

@@ -7,6 +7,7 @@
 #include "kvhex.h"
 #include "messageboxrecorder.h"
 #include "testappdir.h"
+#include "testfiles.h"
 #include "widgets/modstatuswidget.h"
 
 #include <QCheckBox>
@@ -26,18 +27,6 @@ QByteArray headerBytes(const QString &model, uint modStatus)
     ProductDataHeader header;
     header.setProductInfo(model, QStringLiteral("4711"), modStatus, QStringLiteral("B"));
     return header.data();
-}
-
-bool writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray readFile(const QString &name)
-{
-    QFile file(name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 template<typename T>
@@ -81,8 +70,8 @@ void tst_HeaderPage::opensRawAndHexFiles()
     const QString raw = dir.filePath(QStringLiteral("header.bin"));
     const QString hex = dir.filePath(QStringLiteral("header.txt"));
     // More than a header is fine: a dump of the product's memory starts with one.
-    QVERIFY(writeFile(raw, bytes + QByteArray(100, '\xAA')));
-    QVERIFY(writeFile(hex, KvHex::BufferToHexString(bytes).toLatin1() + "\r\n"));
+    QVERIFY(TestFiles::write(raw, bytes + QByteArray(100, '\xAA')));
+    QVERIFY(TestFiles::write(hex, KvHex::BufferToHexString(bytes).toLatin1() + "\r\n"));
 
     QMainWindow window;
     auto *page = new HeaderPage(&window);
@@ -112,8 +101,8 @@ void tst_HeaderPage::badFilesLeaveTheHeaderAlone()
     QTemporaryDir dir;
     const QString good = dir.filePath(QStringLiteral("good.bin"));
     const QString shortFile = dir.filePath(QStringLiteral("short.txt"));
-    QVERIFY(writeFile(good, headerBytes(QStringLiteral("KV-37"), 0)));
-    QVERIFY(writeFile(shortFile, "0A 1B 2C"));
+    QVERIFY(TestFiles::write(good, headerBytes(QStringLiteral("KV-37"), 0)));
+    QVERIFY(TestFiles::write(shortFile, "0A 1B 2C"));
     HeaderPage page;
     QVERIFY(page.openFile(good));
     const QString before = shown(page);
@@ -139,7 +128,7 @@ void tst_HeaderPage::editsReencodeAndKeepUnshownMods()
     // Bit 31 has no box; a click on box 3 must not clear it.
     QByteArray bytes = headerBytes(QStringLiteral("KV-37"), 0x80000001u);
     bytes[0] = 'X'; // the header CRC no longer matches
-    QVERIFY(writeFile(file, bytes));
+    QVERIFY(TestFiles::write(file, bytes));
     HeaderPage page;
     page.show();
     QVERIFY(page.openFile(file));
@@ -202,7 +191,7 @@ void tst_HeaderPage::savesBothFormsAndSaysSoUnlessMessagesAreOff()
     FileDialogChooser chooser(raw);
     QTest::mouseClick(child<QPushButton>(page, "saveButton"), Qt::LeftButton);
     QVERIFY(chooser.answered());
-    QCOMPARE(readFile(raw), bytes);
+    QCOMPARE(TestFiles::read(raw), bytes);
     QCOMPARE(boxes.count(), 1);
     QCOMPARE(boxes.last().title, QStringLiteral("Save Product Header"));
     QCOMPARE(boxes.last().text, QStringLiteral("The header was saved to %1.").arg(QDir::toNativeSeparators(raw)));
@@ -215,7 +204,7 @@ void tst_HeaderPage::savesBothFormsAndSaysSoUnlessMessagesAreOff()
     QCOMPARE(boxes.count(), 1);
     QCOMPARE(window.statusBar()->currentMessage(),
              QStringLiteral("The header was saved to %1.").arg(QDir::toNativeSeparators(hex)));
-    QCOMPARE(readFile(hex), KvHex::BufferToHexString(bytes).toLatin1() + '\n');
+    QCOMPARE(TestFiles::read(hex), KvHex::BufferToHexString(bytes).toLatin1() + '\n');
 
     // A file where the folder should be: the save fails with a box and writes nothing.
     const QString blocked = dir.filePath(QStringLiteral("new.bin/header.bin"));
@@ -224,7 +213,7 @@ void tst_HeaderPage::savesBothFormsAndSaysSoUnlessMessagesAreOff()
     QVERIFY2(boxes.last().text.startsWith(QStringLiteral("Could not save the header to %1: ")
                                               .arg(QDir::toNativeSeparators(blocked))),
              qPrintable(boxes.last().text));
-    QCOMPARE(readFile(raw), bytes);
+    QCOMPARE(TestFiles::read(raw), bytes);
 }
 
 QTEST_MAIN(tst_HeaderPage)

@@ -3,6 +3,7 @@
 #include "classes/nevra.h"
 #include "classes/productdataheader.h"
 #include "testappdir.h"
+#include "testfiles.h"
 #include "wav.h"
 
 #include <QDir>
@@ -23,17 +24,6 @@ struct Result
     QByteArray err;
 };
 
-bool writeFile(const QString &fileName, const QByteArray &bytes)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-QByteArray readFile(const QString &fileName)
-{
-    QFile file(fileName);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
 }
 
 class tst_NvrTool : public QObject
@@ -80,9 +70,9 @@ private Q_SLOTS:
         QCOMPARE(QProcess::execute(sox, QStringList{"-n", "-r", "44100", "-c", "2", "-b", "16", path("tone.wav"),
                                                     "synth", "0.5", "sine", "440"}),
                  0);
-        QVERIFY(writeFile(path("notes.txt"), "no sound in here\n"));
-        QVERIFY(writeFile(path("file"), "a regular file, no folder"));
-        QVERIFY(writeFile(path("levels.ini"), "[volume]\ncount=4\n0=Off,00\n1=5,0A\n2=10,114\n3=20,1E\ndefault=Off\n"));
+        QVERIFY(TestFiles::write(path("notes.txt"), "no sound in here\n"));
+        QVERIFY(TestFiles::write(path("file"), "a regular file, no folder"));
+        QVERIFY(TestFiles::write(path("levels.ini"), "[volume]\ncount=4\n0=Off,00\n1=5,0A\n2=10,114\n3=20,1E\ndefault=Off\n"));
     }
 
     void cleanupTestCase() { TestAppDir::cleanup(); }
@@ -206,7 +196,7 @@ private Q_SLOTS:
         QVERIFY(!output({"header", "encode", "--model", "KV-37 PANEL", "--serial", "A1234567", "--mod-status",
                          "0x205", "--build-configuration", "C", "-o", raw})
                      .startsWith("failed"));
-        const QByteArray bytes = readFile(raw);
+        const QByteArray bytes = TestFiles::read(raw);
         QCOMPARE(bytes.size(), 56);
         ProductDataHeader header;
         QVERIFY(header.setData(bytes));
@@ -231,7 +221,7 @@ private Q_SLOTS:
                  decoded);
 
         // Hex text from a file or from standard input decodes to the same fields.
-        QVERIFY(writeFile(hex, bytes.toHex(' ') + '\n'));
+        QVERIFY(TestFiles::write(hex, bytes.toHex(' ') + '\n'));
         QCOMPARE(output({"header", "decode", hex}), decoded);
         QCOMPARE(output({"header", "decode", "-"}, bytes), decoded);
         QCOMPARE(output({"header", "decode", "-"}, bytes.toHex()), decoded);
@@ -240,7 +230,7 @@ private Q_SLOTS:
         QVERIFY(!output({"header", "encode", "--model", "M", "--serial", "1", "--hex", "--programmed", "--output",
                          hex})
                      .startsWith("failed"));
-        QVERIFY(readFile(hex).startsWith("4D 00 00"));
+        QVERIFY(TestFiles::read(hex).startsWith("4D 00 00"));
         const QByteArray programmed = output({"header", "decode", hex});
         QVERIFY2(programmed.contains("Build Configuration: A\n") && !programmed.contains("Modified: none"),
                  programmed);
@@ -248,7 +238,7 @@ private Q_SLOTS:
         // A changed model byte breaks the header CRC: reported, yet still decoded.
         QByteArray damaged = bytes;
         damaged[0] = 'X';
-        QVERIFY(writeFile(raw, damaged));
+        QVERIFY(TestFiles::write(raw, damaged));
         QByteArray out = output({"header", "decode", raw});
         QVERIFY2(out.contains("Product Model: XV-37 PANEL\n") && out.contains(" (mismatch, calculated 0x"), out);
         out = output({"header", "decode", "--html", raw});
@@ -274,12 +264,12 @@ private Q_SLOTS:
         QVERIFY(wav.readFile(converted));
         QCOMPARE(QVector<uint>({wav.format().channels, wav.format().sampleRate, wav.format().bitsPerSample}),
                  QVector<uint>({1, 22050, 16}));
-        const QByteArray plain = readFile(converted);
+        const QByteArray plain = TestFiles::read(converted);
 
         // The device form rewrites every sample: same size, other bytes.
         QVERIFY(!output({"wav", "import", "@tone.wav", "--device-format", "-o", "@device", "--data", "@data"})
                      .startsWith("failed"));
-        const QByteArray device = readFile(path("device.kv37.wav"));
+        const QByteArray device = TestFiles::read(path("device.kv37.wav"));
         QCOMPARE(device.size(), plain.size());
         QVERIFY(device != plain);
 
@@ -295,11 +285,11 @@ private Q_SLOTS:
         const QByteArray csv = "Id,Name,Company,Model,Vrms,Note\n"
                                "3,Factory,Acme,Box 1,0.5,\"loud, clear\"\n"
                                "200,Mine,Own,Say hi,0.7,\n";
-        QVERIFY(writeFile(path("nevradat/bluetoothdevices.csv"), csv));
-        QVERIFY(writeFile(path("nevradat/products.dat"),
+        QVERIFY(TestFiles::write(path("nevradat/bluetoothdevices.csv"), csv));
+        QVERIFY(TestFiles::write(path("nevradat/products.dat"),
                           R"({"kvlproducts": {"products": [{"productNumber": "11-100", "startBuildConfigRev": "A",
                               "endBuildConfigRev": "C", "hardwareConfiguration": "2"}]}})"));
-        QVERIFY(writeFile(path("nevradat/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
+        QVERIFY(TestFiles::write(path("nevradat/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
 
         QCOMPARE(output({"lib", "export", "bluetoothdevices", "--data", "@data"}), csv);
         const QByteArray json = output({"lib", "export", "bluetoothdevices", "--format", "json", "--data", "@data"});

@@ -7,6 +7,7 @@
 #include "models/productsmodel.h"
 #include "productrows.h"
 #include "testappdir.h"
+#include "testfiles.h"
 
 #include <QAbstractItemModelTester>
 #include <QApplication>
@@ -33,18 +34,6 @@ public:
     void newJsonDocument() override { content = QJsonObject(); }
 };
 
-QByteArray readAll(const QString &path)
-{
-    QFile file(path);
-    return file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    if (file.open(QFile::WriteOnly | QFile::Truncate))
-        file.write(bytes);
-}
 }
 
 class tst_Products : public QObject
@@ -204,7 +193,7 @@ void tst_Products::saveAndLoad()
     QCOMPARE(file->fileName(), m_path);
     fillProducts({});
     QVERIFY(file->saveFile(QString()));
-    QCOMPARE(QJsonDocument::fromJson(readAll(m_path)).object(),
+    QCOMPARE(QJsonDocument::fromJson(TestFiles::read(m_path)).object(),
              QJsonObject({{"kvlproducts", QJsonObject({{"products", QJsonArray()}})}}));
     QVERIFY(file->isLocked(m_path));
 
@@ -212,7 +201,7 @@ void tst_Products::saveAndLoad()
     fillProducts(saved);
     QVERIFY(file->saveFile(QString()));
     // Indented, one member a line, so that people can read and diff it.
-    QVERIFY(readAll(m_path).contains("{\n    \"kvlproducts\": {\n        \"products\": [\n            {\n"
+    QVERIFY(TestFiles::read(m_path).contains("{\n    \"kvlproducts\": {\n        \"products\": [\n            {\n"
                                      "                \"endBuildConfigRev\": \"C\",\n"));
 
     fillProducts({"X A A 1", "Y A A 1", "Z A A 1"});
@@ -236,7 +225,7 @@ void tst_Products::badFiles()
     for (const auto &file : files) {
         QFile::remove(path);
         if (file.first != "<none>")
-            writeAll(path, file.first);
+            QVERIFY(TestFiles::write(path, file.first));
         const bool unreadable = file.second;
         fillProducts({"KEEP A A 1"});
         MessageBoxRecorder boxes;
@@ -259,7 +248,7 @@ void tst_Products::twoApplicationsCannotBothWrite()
     ProductsFile *products = ProductsFile::instance();
     fillProducts({"P A C 1"});
     QVERIFY(products->saveFile(QString()));
-    const QByteArray ours = readAll(m_path);
+    const QByteArray ours = TestFiles::read(m_path);
 
     NoteFile other;
     other.setDescription(QStringLiteral("Other"));
@@ -274,13 +263,13 @@ void tst_Products::twoApplicationsCannotBothWrite()
     QCOMPARE(boxes.last().text, QStringLiteral("The file '%1' is in use by another application.").arg(m_path));
     QVERIFY(boxes.last().informativeText.contains(QStringLiteral("process %1").arg(QCoreApplication::applicationPid())));
     QCOMPARE(boxes.last().buttons, QMessageBox::Retry | QMessageBox::Cancel);
-    QCOMPARE(readAll(m_path), ours);
+    QCOMPARE(TestFiles::read(m_path), ours);
 
     // Once the first application lets go, retrying succeeds, and now the first one has to wait.
     boxes.setAnswer(QMessageBox::Retry);
     QTimer::singleShot(0, products, &KvJsonDocumentFile::unlock);
     QVERIFY(other.saveFile(QString()));
-    QVERIFY(readAll(m_path).contains("\"other\": true"));
+    QVERIFY(TestFiles::read(m_path).contains("\"other\": true"));
     boxes.setAnswer(QMessageBox::Cancel);
     const int before = boxes.count();
     QVERIFY(!products->saveFile(QString()));
@@ -289,7 +278,7 @@ void tst_Products::twoApplicationsCannotBothWrite()
     QVERIFY(other.closeFile());
     QVERIFY(products->saveFile(QString()));
     QCOMPARE(boxes.count(), before + 1);
-    QCOMPARE(readAll(m_path), ours);
+    QCOMPARE(TestFiles::read(m_path), ours);
 }
 
 void tst_Products::promptsAndFailures()
