@@ -5,10 +5,12 @@
 #include "classes/nvroptions.h"
 #include "consoleappender.h"
 #include "fileappender.h"
+#include "kvcore.h"
 #include "logger.h"
 
 #include <QApplication>
 #include <QCoreApplication>
+#include <QDir>
 
 #include <memory>
 
@@ -43,6 +45,10 @@ int main(int argc, char **argv)
         cuteLoggerInstance()->registerAppender(logFile.get());
     }
     LOG_INFO(QStringLiteral("Nevra %1 started").arg(QCoreApplication::applicationVersion()));
+    // The products library is looked up from the working directory; started from a desktop menu or a
+    // link in bin/, that would be the user's home. Keep it beside the other libraries instead.
+    if (!QDir::setCurrent(KvCore::applicationDirPath()))
+        LOG_WARNING(QStringLiteral("Cannot change to %1").arg(KvCore::applicationDirPath()));
 
     int result = 0;
     if (options.hideGui()) {

@@ -27,8 +27,8 @@ double timeToWindow(const QString &program, const QStringList &arguments, const 
     QElapsedTimer timer;
     timer.start();
     QProcess process;
-    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
     process.start(program, arguments);
     if (!process.waitForStarted(30000))
         return -1;
