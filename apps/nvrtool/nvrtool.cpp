@@ -9,9 +9,9 @@
 #include "classes/nvrwav.h"
 #include "classes/productdataheader.h"
 #include "classes/serialport.h"
+#include "headerfile.h"
 #include "kvcore.h"
 #include "kvhex.h"
-#include "headerfile.h"
 #include "librarytable.h"
 #include "widgets/modstatuswidget.h"
 
