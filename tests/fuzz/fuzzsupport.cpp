@@ -76,7 +76,7 @@ QVector<int> FuzzSupport::sampleRows(int first, int end)
 
 bool FuzzSupport::declaresTooMany(const QString &path, const QString &key)
 {
-    // Far more entries than the longest input can hold.
+    // More entries than an input of libFuzzer's default length (4096 bytes) can hold.
     constexpr int maximumCount = 1024;
     return QSettings(path, QSettings::IniFormat).value(key).toInt() > maximumCount;
 }

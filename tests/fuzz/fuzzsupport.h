@@ -32,9 +32,10 @@ public:
     static void writeFile(const QString &path, const QByteArray &bytes);
     static QByteArray bytes(const uint8_t *data, size_t size);
     /**
-     * The rows from first to end - 1 that a harness reads cell by cell: the
-     * first and the last few dozen. A loader may build hundreds of empty
-     * rows, and reading each of them again would only repeat the same code.
+     * The rows (or columns) from first to end - 1 that a harness reads cell
+     * by cell: the first and the last few dozen. A loader may build hundreds
+     * of empty rows, and reading each of them again would only repeat the
+     * same code.
      */
     static QVector<int> sampleRows(int first, int end);
     /**
