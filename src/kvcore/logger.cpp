@@ -6,6 +6,8 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
+
 void Logger::registerAppender(AbstractAppender *appender)
 {
     QMutexLocker lock(&m_mutex);
@@ -36,6 +38,15 @@ void Logger::write(const LogRecord &record)
 
 void Logger::write(LogLevel level, const char *file, int line, const char *function, const QString &message)
 {
+    // The record's time asks the C library for the time zone, which reads
+    // the zone file again on every call: far dearer than the message, so no
+    // record is built when no appender would take it.
+    {
+        QMutexLocker lock(&m_mutex);
+        if (std::none_of(m_appenders.cbegin(), m_appenders.cend(),
+                         [level](const AbstractAppender *appender) { return level >= appender->detailsLevel(); }))
+            return;
+    }
     LogRecord record;
     record.time = QDateTime::currentDateTime();
     record.level = level;

@@ -23,8 +23,11 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     model.setSource(&source, withHeader, separator);
     for (int c = 0; c < model.columnCount(); ++c)
         model.headerData(c, Qt::Horizontal);
-    for (int r = 0; r < model.rowCount(); ++r) {
-        for (int c = 0; c < model.columnCount(); ++c) {
+    // A line of separators makes thousands of columns: the first and last
+    // few dozen of them go through the same cell code as all of them.
+    const QVector<int> columns = FuzzSupport::sampleRows(0, model.columnCount());
+    for (const int r : FuzzSupport::sampleRows(0, model.rowCount())) {
+        for (const int c : columns) {
             const QModelIndex index = model.index(r, c);
             const QString text = index.data().toString();
             if ((r + c) % 3 == 0)

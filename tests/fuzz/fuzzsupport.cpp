@@ -7,6 +7,8 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QSettings>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -30,7 +32,9 @@ void FuzzSupport::init()
     new QApplication(argc, argv);
     QStandardPaths::setTestModeEnabled(true);
     QCoreApplication::setOrganizationName(QStringLiteral("NvrFuzz"));
-    s_appDir = new QTemporaryDir;
+    const QFileInfo shm(QStringLiteral("/dev/shm"));
+    s_appDir = shm.isDir() && shm.isWritable() ? new QTemporaryDir(shm.filePath() + QStringLiteral("/nvrfuzz-XXXXXX"))
+                                               : new QTemporaryDir;
     std::atexit([] { delete s_appDir; });
     KvCore::setApplicationDirPath(s_appDir->path());
     QDir dir(s_appDir->path());
@@ -47,12 +51,32 @@ QString FuzzSupport::filePath(const QString &relative)
 
 void FuzzSupport::writeFile(const QString &path, const QByteArray &bytes)
 {
+    // Unbuffered: one write, without a buffer allocated for it each time.
     QFile file(path);
-    if (!file.open(QFile::WriteOnly | QFile::Truncate) || file.write(bytes) != bytes.size())
+    if (!file.open(QFile::WriteOnly | QFile::Truncate | QFile::Unbuffered) || file.write(bytes) != bytes.size())
         std::abort();
 }
 
 QByteArray FuzzSupport::bytes(const uint8_t *data, size_t size)
 {
     return QByteArray(reinterpret_cast<const char *>(data), static_cast<int>(size));
+}
+
+QVector<int> FuzzSupport::sampleRows(int first, int end)
+{
+    constexpr int fromEachEnd = 32;
+    QVector<int> rows;
+    for (int row = first; row < end; ++row) {
+        if (row == first + fromEachEnd && end - first > 2 * fromEachEnd)
+            row = end - fromEachEnd;
+        rows.append(row);
+    }
+    return rows;
+}
+
+bool FuzzSupport::declaresTooMany(const QString &path, const QString &key)
+{
+    // More entries than an input of libFuzzer's default length (4096 bytes) can hold.
+    constexpr int maximumCount = 1024;
+    return QSettings(path, QSettings::IniFormat).value(key).toInt() > maximumCount;
 }

@@ -204,15 +204,20 @@ void CsvModel::setSource(QIODevice *source, bool withHeader, QChar separator)
     };
 
     // Chunks split at line ends: far cheaper than readLine() per row, and a
-    // small buffer that is reused costs less than one of the whole file.
+    // small buffer that is reused costs less than one of the whole file. A
+    // source that knows its size gets no bigger buffer than it needs (one
+    // byte more, so that the read after the last finds the end without
+    // growing it): many sources are short.
     constexpr int chunk = 64 * 1024;
-    QByteArray buffer;
+    const qint64 left = source->isSequential() ? chunk : source->size() - source->pos();
+    QByteArray buffer(int(qBound<qint64>(1, left + 1, chunk)), Qt::Uninitialized);
     int filled = 0;
     int scanned = 0; // the leftover of the last chunk holds no line end
     while (source->isReadable()) {
-        if (buffer.size() < filled + chunk)
+        // Only a line longer than the buffer makes it grow.
+        if (filled == buffer.size())
             buffer.resize(filled + chunk);
-        const qint64 got = source->read(buffer.data() + filled, chunk);
+        const qint64 got = source->read(buffer.data() + filled, buffer.size() - filled);
         if (got <= 0)
             break;
         filled += int(got);

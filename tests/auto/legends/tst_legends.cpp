@@ -158,6 +158,13 @@ void tst_Legends::malformedFile()
     file.close();
     model.readData();
     QCOMPARE(model.rowCount(), 0);
+
+    // A damaged count does not make reading look for ever: keys stop at 65534.
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write("[LegendsConvert]\ncount=2147483647\n0=AB, A\n65534=CD, C\n65535=EF, E\n");
+    file.close();
+    model.readData();
+    QCOMPARE(pairs(model), QStringList({"AB=A", "CD=C"}));
 }
 
 QTEST_MAIN(tst_Legends)
