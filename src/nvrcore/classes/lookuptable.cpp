@@ -7,6 +7,7 @@
 
 #include <QSettings>
 
+#include <algorithm>
 #include <cmath>
 
 LookUpTable::LookUpTable(const QString &fileName, const QString &group, QObject *parent)
@@ -35,29 +36,40 @@ void LookUpTable::readData()
     QSettings settings(m_fileName, QSettings::IniFormat);
     settings.beginGroup(m_group);
     const int count = settings.value(QStringLiteral("count")).toInt();
-    // The count comes from the file: a huge one must not walk billions of
-    // keys that are not there, so the walk ends at the last entry present.
-    int end = 0;
+    // The count and the key numbers come from the file: only the entries
+    // present are read, so that a huge count or one entry numbered in the
+    // billions does not walk billions of keys that are not there.
+    QList<int> present;
     const QStringList keys = settings.childKeys();
     for (const QString &key : keys) {
         bool isNumber = false;
         const int i = key.toInt(&isNumber);
-        if (isNumber && i >= end && i < count && key == QString::number(i))
-            end = i + 1;
+        if (isNumber && i >= 0 && i < count && key == QString::number(i))
+            present.append(i);
     }
+    std::sort(present.begin(), present.end());
+    const int end = present.isEmpty() ? 0 : present.last() + 1;
     if (end < count) {
         LOG_ERROR(QStringLiteral("%1 [%2]: count is %3, but entries end at %4; the rest skipped.")
                       .arg(m_fileName, m_group)
                       .arg(count)
                       .arg(end));
     }
-    for (int i = 0; i < end; ++i) {
-        const QString key = QString::number(i);
-        const QStringList items = settings.value(key).toStringList();
+    const QString skipped = QStringLiteral("%1 [%2] %3: an entry needs a display text and a code; skipped.");
+    int expected = 0;
+    for (const int i : std::as_const(present)) {
+        if (i == expected + 1)
+            LOG_ERROR(skipped.arg(m_fileName, m_group, QString::number(expected)));
+        else if (i > expected)
+            LOG_ERROR(QStringLiteral("%1 [%2] %3 to %4: no entries; skipped.")
+                          .arg(m_fileName, m_group)
+                          .arg(expected)
+                          .arg(i - 1));
+        expected = i + 1;
+        const QStringList items = settings.value(QString::number(i)).toStringList();
         if (items.size() < 2) {
             // A lone text would need a made-up code; better no entry than a wrong one.
-            LOG_ERROR(QStringLiteral("%1 [%2] %3: an entry needs a display text and a code; skipped.")
-                          .arg(m_fileName, m_group, key));
+            LOG_ERROR(skipped.arg(m_fileName, m_group, QString::number(i)));
             continue;
         }
         m_displayValues.append(items.at(0));

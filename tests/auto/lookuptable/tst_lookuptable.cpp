@@ -78,6 +78,10 @@ void tst_LookUpTable::badFiles_data()
     QTest::newRow("count far beyond the entries")
         << QByteArray("[volume]\ncount=2147483647\n0=1,01\n") << QStringList({"1"}) << QByteArray::fromHex("01")
         << QStringLiteral("%1 [volume]: count is 2147483647, but entries end at 1; the rest skipped.");
+    // One entry numbered near the top of int: read at once, the gap reported in one line.
+    QTest::newRow("entry numbered in the billions")
+        << QByteArray("[volume]\ncount=2147483647\n0=1,01\n2147483646=9,09\n") << QStringList({"1", "9"})
+        << QByteArray::fromHex("0109") << QStringLiteral("%1 [volume] 1 to 2147483645: no entries; skipped.");
     QTest::newRow("not an ini file") << QByteArray("\x00\x01\xff garbage ===\n", 16) << QStringList() << QByteArray()
                                      << QString();
 }
