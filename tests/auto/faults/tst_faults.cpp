@@ -13,6 +13,8 @@
 #include "logcapture.h"
 #include "messageboxrecorder.h"
 #include "models/audiosystemsmodel.h"
+#include "models/headsetsmodel.h"
+#include "models/legendsconverttablemodel.h"
 #include "models/productsmodel.h"
 #include "models/rtstablemodel.h"
 #include "ptypair.h"
@@ -197,6 +199,45 @@ private Q_SLOTS:
         QCOMPARE(TestFiles::read(file->userFileName()), user);
         QCOMPARE(boxes.count(), 0);
         QVERIFY(model->rowCount() > 0);
+    }
+
+    void headsetsAndLegendsSaveSilentlyAndKeepTheirFiles()
+    {
+        MessageBoxRecorder boxes;
+        HeadSetsModel headsets;
+        headsets.readData();
+        LegendsConvertTableModel legends;
+        legends.readData();
+        QVERIFY(headsets.insertRows(headsets.rowCount(), 1));
+        QVERIFY(legends.insertRows(0, 1));
+        QVERIFY(legends.setData(legends.index(0, 0), QStringLiteral("AB")));
+        const auto saveBoth = [&] {
+            QVERIFY(headsets.submitAll());
+            QVERIFY(legends.submit());
+        };
+        saveBoth();
+        const QStringList paths{headsets.baseFileName(), headsets.userFileName(), legends.fileName()};
+        QList<QByteArray> saved;
+        for (const QString &path : paths)
+            saved << TestFiles::read(path);
+        QVERIFY(saved.at(1).contains("New Headset"));
+        QVERIFY(saved.at(2).contains("AB"));
+
+        const int newRow = headsets.rowCount() - 1;
+        QVERIFY(headsets.setData(headsets.index(newRow, HeadSetsModel::ModelColumn), QStringLiteral("Renamed")));
+        QVERIFY(legends.setData(legends.index(0, 1), QStringLiteral("Alpha Bravo")));
+        {
+            FullDisk full(16);
+            saveBoth();
+        }
+        withDataFolderAsFile(saveBoth);
+        for (int i = 0; i < paths.size(); ++i)
+            QCOMPARE(TestFiles::read(paths.at(i)), saved.at(i));
+        QCOMPARE(boxes.count(), 0);
+        // Nothing was lost in memory: once the disk takes it, the edit is written.
+        saveBoth();
+        QVERIFY(TestFiles::read(headsets.userFileName()).contains("Renamed"));
+        QVERIFY(TestFiles::read(legends.fileName()).contains("Alpha Bravo"));
     }
 
     void serialLineLosesItsPeer()
