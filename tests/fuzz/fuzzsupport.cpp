@@ -40,7 +40,9 @@ void FuzzSupport::init()
     QDir dir(s_appDir->path());
     dir.mkpath(QStringLiteral("nevradat"));
     dir.mkpath(QStringLiteral("tmp"));
-    // Libraries that follow the working directory look there too.
+    // Libraries that follow the working directory look there too. libFuzzer
+    // reads corpus files by the names it was given, after this: they must be
+    // absolute, as run-fuzzers passes them.
     QDir::setCurrent(s_appDir->path());
 }
 
