@@ -3,6 +3,7 @@
 #ifndef NVR_BENCH_PROCESSTIMING_H
 #define NVR_BENCH_PROCESSTIMING_H
 
+#include <QString>
 #include <QTextStream>
 #include <QVector>
 
@@ -12,6 +13,15 @@
 class ProcessTiming
 {
 public:
+    /// The rounds asked for in argv[1], or fallback without it; 0 after a usage line when it is not a positive number.
+    static int rounds(int argc, char *argv[], int fallback)
+    {
+        const int rounds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : fallback;
+        if (rounds <= 0)
+            QTextStream(stderr) << "usage: " << argv[0] << " [rounds > 0]\n";
+        return qMax(rounds, 0);
+    }
+
     void add(double ms) { m_ms << ms; }
 
     double median() const

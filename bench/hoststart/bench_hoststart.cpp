@@ -50,13 +50,11 @@ double timeToWindow(const QString &program, const QStringList &arguments, const 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    const int rounds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 10;
+    const int rounds = ProcessTiming::rounds(argc, argv, 10);
+    if (rounds == 0)
+        return 2;
     QTextStream out(stdout);
     QTextStream err(stderr);
-    if (rounds <= 0) {
-        err << "usage: bench_hoststart [rounds > 0]\n";
-        return 2;
-    }
     qputenv("QT_LOGGING_RULES", "qt.qpa.*=false");
     if (qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");

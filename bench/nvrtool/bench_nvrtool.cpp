@@ -48,13 +48,11 @@ bool writeFile(const QString &name, const QByteArray &bytes)
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    const int rounds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 20;
+    const int rounds = ProcessTiming::rounds(argc, argv, 20);
+    if (rounds == 0)
+        return 2;
     QTextStream out(stdout);
     QTextStream err(stderr);
-    if (rounds <= 0) {
-        err << "usage: bench_nvrtool [rounds > 0]\n";
-        return 2;
-    }
 
     ProductDataHeader header;
     header.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0x3, QStringLiteral("B"));

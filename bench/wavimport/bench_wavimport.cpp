@@ -10,6 +10,7 @@
 
 #include "classes/nvrwav.h"
 #include "classes/soxprocess.h"
+#include "processtiming.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -17,18 +18,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
-#include <QVector>
-
-#include <algorithm>
 
 namespace {
-
-double median(QVector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    const int n = values.size();
-    return n % 2 ? values[n / 2] : (values[n / 2 - 1] + values[n / 2]) / 2;
-}
 
 QByteArray readAll(const QString &path)
 {
@@ -54,13 +45,11 @@ bool runBare(const QString &sox, const QString &in, const QString &out)
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
-    const int rounds = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 10;
+    const int rounds = ProcessTiming::rounds(argc, argv, 10);
+    if (rounds == 0)
+        return 2;
     QTextStream out(stdout);
     QTextStream err(stderr);
-    if (rounds <= 0) {
-        err << "usage: bench_wavimport [rounds > 0]\n";
-        return 2;
-    }
 
     const QString sox = SoxProcess().exe();
     QTemporaryDir dir;
@@ -77,8 +66,8 @@ int main(int argc, char *argv[])
     }
 
     NvrWav wav;
-    QVector<double> library;
-    QVector<double> bare;
+    ProcessTiming library;
+    ProcessTiming bare;
     QElapsedTimer timer;
     // One untimed round of each first, so neither pays for loading sox from disk.
     bool ok = wav.importFile(input) && runBare(sox, input, bareOutput);
@@ -87,7 +76,7 @@ int main(int argc, char *argv[])
             const bool libraryTurn = (round + turn) % 2 == 0;
             timer.start();
             ok = libraryTurn ? wav.importFile(input) : runBare(sox, input, bareOutput);
-            (libraryTurn ? library : bare).append(timer.nsecsElapsed() / 1e6);
+            (libraryTurn ? library : bare).add(timer.nsecsElapsed() / 1e6);
         }
     }
     // The bare command writes what the import read, byte for byte.
@@ -99,8 +88,8 @@ int main(int argc, char *argv[])
         return 1;
     }
 
-    const double libraryMs = median(library);
-    const double bareMs = median(bare);
+    const double libraryMs = library.median();
+    const double bareMs = bare.median();
     out << "input: 11 s, 2 channels, 44100 Hz, 16 bits; " << rounds << " rounds, median of each\n";
     out << "NvrWav::importFile: " << QString::number(libraryMs, 'f', 1) << " ms\n";
     out << "bare sox command:   " << QString::number(bareMs, 'f', 1) << " ms\n";
