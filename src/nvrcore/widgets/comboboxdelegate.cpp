@@ -36,7 +36,7 @@ void ComboBoxDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
 {
     auto *combo = qobject_cast<QComboBox *>(editor);
     if (combo && m_items.contains(index.column()))
-        combo->setCurrentIndex(qBound(0, index.data(Qt::EditRole).toInt(), combo->count() - 1));
+        combo->setCurrentIndex(index.data(Qt::EditRole).toInt()); // a value off the list selects nothing
     else
         QStyledItemDelegate::setEditorData(editor, index);
 }
@@ -44,8 +44,11 @@ void ComboBoxDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
 void ComboBoxDelegate::setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const
 {
     auto *combo = qobject_cast<QComboBox *>(editor);
-    if (combo && m_items.contains(index.column()))
-        model->setData(index, combo->currentIndex(), Qt::EditRole);
+    if (combo && m_items.contains(index.column())) {
+        // Nothing selected (a value off the list, not changed by the user): the cell keeps its value.
+        if (combo->currentIndex() >= 0)
+            model->setData(index, combo->currentIndex(), Qt::EditRole);
+    }
     else
         QStyledItemDelegate::setModelData(editor, model, index);
 }

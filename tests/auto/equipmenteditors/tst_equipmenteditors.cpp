@@ -365,12 +365,21 @@ private Q_SLOTS:
             QVERIFY(!openEditor(view, type.siblingAtColumn(column)));
         }
 
-        // A type past the list selects its last entry, as the table shows it.
+        // A value off the list selects nothing, and closing the editor does not rewrite it (a yes/no
+        // flag of 2 reads "No" and must not become 1).
         QVERIFY(model->setData(type, 7));
-        combo = qobject_cast<QComboBox *>(openEditor(view, type));
-        QVERIFY(combo);
-        QCOMPARE(combo->currentText(), QStringLiteral("Not Installed"));
-        QTest::keyClick(combo, Qt::Key_Escape);
+        const QModelIndex radioFlag = type.siblingAtColumn(9);
+        QVERIFY(model->setData(radioFlag, 2));
+        for (const QModelIndex &cell : {type, radioFlag}) {
+            combo = qobject_cast<QComboBox *>(openEditor(view, cell));
+            QVERIFY(combo);
+            QCOMPARE(combo->currentIndex(), -1);
+            QTest::keyClick(combo, Qt::Key_Return);
+            QVERIFY(closed(view, cell));
+        }
+        QCOMPARE(type.data(Qt::EditRole).toInt(), 7);
+        QCOMPARE(radioFlag.data(Qt::EditRole).toInt(), 2);
+        QCOMPARE(radioFlag.data().toString(), QStringLiteral("No"));
         combo = qobject_cast<QComboBox *>(openEditor(view, type.siblingAtColumn(10)));
         QVERIFY(combo);
         QCOMPARE(combo->itemText(2), QStringLiteral("A2DP (Advanced Audio Distribution Profile"));
