@@ -133,10 +133,11 @@ void TableEditWidget::copyClicked()
 
 void TableEditWidget::removeClicked()
 {
-    if (!view || !view->model() || !view->currentIndex().isValid())
-        return;
-    view->model()->removeRows(view->currentIndex().row(), 1);
-    enableSubmit();
+    // Without a current record (a revert resets the model) there is nothing to delete, nor to offer deleting.
+    if (view && view->model() && view->currentIndex().isValid()) {
+        view->model()->removeRows(view->currentIndex().row(), 1);
+        enableSubmit();
+    }
     deleteButton->setEnabled(false);
 }
 

@@ -162,6 +162,12 @@ private Q_SLOTS:
         // Any change of the model's data enables saving again.
         QTest::mouseClick(editor.button("revertButton"), Qt::LeftButton);
         QCOMPARE(model.rowCount(), 4);
+        // Delete offered, but the current record gone: nothing is removed and delete turns off.
+        editor.clickCell(userRow, RtsTableModel::ModelColumn);
+        editor.view->setCurrentIndex(QModelIndex());
+        editor.widget.removeClicked();
+        QCOMPARE(model.rowCount(), 4);
+        QCOMPARE(editor.states(), QStringLiteral("11000"));
         QVERIFY(model.setData(model.index(1, RtsTableModel::ModelColumn), QStringLiteral("Changed")));
         QCOMPARE(editor.states().right(2), QStringLiteral("11"));
     }
