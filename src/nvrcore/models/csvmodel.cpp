@@ -338,8 +338,9 @@ QVariant CsvModel::headerData(int section, Qt::Orientation orientation, int role
 
 Qt::ItemFlags CsvModel::flags(const QModelIndex &index) const
 {
-    // The root is no cell: views and model checkers expect no flags there.
-    return index.isValid() ? QAbstractTableModel::flags(index) | Qt::ItemIsEditable : QAbstractTableModel::flags(index);
+    // Every index, the root too: subclasses take the flag away where editing is not allowed, and an
+    // invalid index counts as a factory record there.
+    return QAbstractTableModel::flags(index) | Qt::ItemIsEditable;
 }
 
 bool CsvModel::insertRows(int row, int count, const QModelIndex &parent)

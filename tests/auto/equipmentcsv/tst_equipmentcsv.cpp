@@ -115,8 +115,9 @@ void tst_EquipmentCsv::recordsAndFlags()
     QVERIFY(!factory.data(Qt::ToolTipRole).isValid());
     QCOMPARE(user.data(Qt::BackgroundRole).value<QBrush>(), QBrush(Qt::white));
     QCOMPARE(factory.data(Qt::BackgroundRole).value<QBrush>(), QBrush(QColor(50, 102, 255, 40)));
+    QVERIFY(!(model->flags(QModelIndex()) & Qt::ItemIsEditable)); // an invalid index counts as a factory record
     model->editAll = true;
-    QVERIFY(model->flags(factory) & model->flags(userId) & Qt::ItemIsEditable);
+    QVERIFY(model->flags(factory) & model->flags(userId) & model->flags(QModelIndex()) & Qt::ItemIsEditable);
 
     QCOMPARE(model->locate(200u), userId);
     QVERIFY(!model->locate(7u).isValid());
