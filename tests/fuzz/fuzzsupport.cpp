@@ -24,6 +24,9 @@ void FuzzSupport::init()
         return;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     qputenv("QT_LOGGING_RULES", "*=false");
+    // QSettings asks for a file's local modification time on every open; without TZ the C library
+    // looks at the zone file each time.
+    qputenv("TZ", "UTC");
     // The application and its folder live until the process ends: libFuzzer
     // leaves through exit(), and the folder goes with an atexit handler.
     static int argc = 1;
