@@ -259,7 +259,7 @@ bool CsvModel::write(QIODevice *target, bool withHeader, QChar separator)
         out += line.toLatin1();
     }
     for (int r = 0; r < rows; ++r) {
-        line.clear();
+        line.truncate(0); // keeps the buffer: clear() would let it go, to grow again for every row
         appendLine(line, m_rows.value(r), columns, separator);
         out += line.toLatin1();
     }
