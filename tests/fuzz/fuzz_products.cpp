@@ -7,7 +7,7 @@
 #include "classes/productsfile.h"
 #include "models/productsmodel.h"
 
-#include <QJsonArray>
+#include <QJsonDocument>
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
@@ -22,7 +22,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
         for (int c = 0; c < model->columnCount(); ++c)
             model->index(r, c).data();
     }
-    model->toJsonArray();
+    // The document holds the model's JSON array.
     file->toJsonDocument().toJson();
     return 0;
 }
