@@ -24,21 +24,22 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     for (int c = 0; c < model.columnCount(); ++c)
         model.headerData(c, Qt::Horizontal);
     // A line of separators makes thousands of columns: the first and last
-    // few dozen of them go through the same cell code as all of them. One
-    // edit a row is enough for the edit code, which logs every edit.
+    // few dozen of them go through the same cell code as all of them. An
+    // edit in every eighth row is enough for the edit code, which logs each
+    // edit with its whole row.
     const QVector<int> columns = FuzzSupport::sampleRows(0, model.columnCount());
     for (const int r : FuzzSupport::sampleRows(0, model.rowCount())) {
         for (const int c : columns) {
             const QModelIndex index = model.index(r, c);
             const QString text = index.data().toString();
-            if (c == columns.at(r % columns.size()))
+            if (r % 8 == 0 && c == columns.at(r / 8 % columns.size()))
                 model.setData(index, text + QLatin1Char('x'));
         }
     }
     // Every row is written out as wide as the widest, so a few kilobytes of
     // line breaks and separators make a table of millions of cells, whose
     // write costs seconds in the same code as a small one's.
-    constexpr qint64 maximumCellsWritten = 65536;
+    constexpr qint64 maximumCellsWritten = 4096;
     if (qint64(model.rowCount()) * model.columnCount() > maximumCellsWritten)
         return 0;
     QBuffer target;
