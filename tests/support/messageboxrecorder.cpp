@@ -97,7 +97,6 @@ void MessageBoxRecorder::answerBox(QMessageBox *box)
         button = box->escapeButton();
     if (!button && !box->buttons().isEmpty())
         button = box->buttons().constFirst();
-    b.pressed = button ? box->standardButton(button) : QMessageBox::NoButton;
     m_boxes.append(b);
     if (button)
         button->click();

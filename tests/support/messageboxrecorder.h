@@ -31,7 +31,6 @@ public:
         QString informativeText;
         QMessageBox::Icon icon = QMessageBox::NoIcon;
         QMessageBox::StandardButtons buttons;
-        QMessageBox::StandardButton pressed = QMessageBox::NoButton;
         bool modal = true;
     };
 
@@ -43,12 +42,9 @@ public:
     void setAnswer(QMessageBox::StandardButton answer) { m_answer = answer; }
     /// Answers for the next boxes, one each, before answer() applies again.
     void queueAnswers(const QList<QMessageBox::StandardButton> &answers) { m_queued += answers; }
-    void setDialogTimeout(int ms) { m_dialogTimeoutMs = ms; }
 
-    const QList<Box> &boxes() const { return m_boxes; }
     int count() const { return m_boxes.size(); }
     Box last() const { return m_boxes.isEmpty() ? Box() : m_boxes.last(); }
-    void clear() { m_boxes.clear(); }
     /// Runs the event loop until a further box is recorded; false on time-out.
     bool waitForBox(int timeoutMs = 5000);
 
@@ -63,7 +59,7 @@ private:
     QSet<QMessageBox *> m_seenNonModal;
     QPointer<QWidget> m_openDialog;
     qint64 m_openSince = 0;
-    int m_dialogTimeoutMs = 15000;
+    const int m_dialogTimeoutMs = 15000;
 };
 
 #endif

@@ -8,7 +8,6 @@
 #include <QThread>
 
 #include <cerrno>
-#include <climits>
 #include <fcntl.h>
 #include <poll.h>
 #include <termios.h>
@@ -80,11 +79,6 @@ void PtyPair::stop()
     }
 }
 
-bool PtyPair::isRunning() const
-{
-    return m_socat.state() == QProcess::Running;
-}
-
 bool PtyPair::openPeer()
 {
     closePeer();
@@ -147,9 +141,4 @@ QByteArray PtyPair::peerRead(int count, int timeoutMs)
             break;
     }
     return got;
-}
-
-QByteArray PtyPair::peerReadAll(int timeoutMs)
-{
-    return peerRead(INT_MAX, timeoutMs);
 }

