@@ -133,48 +133,39 @@ private Q_SLOTS:
 
     void soxCommands_data()
     {
-        QTest::addColumn<QString>("arguments"); // after the quoted tool path
-        QTest::addColumn<int>("rate");
+        QTest::addColumn<QVector<uint>>("format"); // channels, bits, rate
         QTest::addColumn<qint64>("durationMs");
-        // Rates and bit sizes differ so that swapping -b and -r shows.
-        QTest::newRow("resample") << "\"IN\" -c 1 -b 8 -r 16000 -t wav -D \"OUT\"" << 16000 << qint64(3000);
-        QTest::newRow("resample and cut") << "\"IN\" -c 1 -b 16 -r 22050 -t wav \"OUT\" -D trim 0 2" << 22050
-                                          << qint64(2000);
-        QTest::newRow("trim") << "-t wav \"IN\" -t wav \"OUT\" -D trim 0 1" << 44100 << qint64(1000);
+        // Rates and bit sizes differ so that a dropped or swapped argument shows.
+        QTest::newRow("resample") << QVector<uint>{1, 8, 16000} << qint64(3000);
+        QTest::newRow("resample and cut") << QVector<uint>{1, 16, 22050} << qint64(2000);
+        QTest::newRow("trim") << QVector<uint>{2, 16, 44100} << qint64(1000);
     }
 
     void soxCommands()
     {
-        QFETCH(QString, arguments);
-        QFETCH(int, rate);
+        QFETCH(QVector<uint>, format);
         QFETCH(qint64, durationMs);
 
         const QString in = input("my sounds/with blanks.wav");
         const QString out = input(QStringLiteral("my sounds/out %1.wav").arg(QTest::currentDataTag()));
         SoxProcess sox;
-        QCOMPARE(sox.exe(), TestAppDir::path() + "/bin/sox.exe");
         const QString row = QString::fromLatin1(QTest::currentDataTag());
         const bool ok = row == "resample"           ? sox.resample(in, out, 1, 16000, 8)
                         : row == "resample and cut" ? sox.resample(in, out, 1, 22050, 16, 2)
                                                     : sox.trim(in, out, 1);
-        QCOMPARE(sox.commandLine(),
-                 QStringLiteral("\"%1\" ").arg(sox.exe()) + arguments.replace("IN", in).replace("OUT", out));
         QVERIFY(ok);
         Wav result;
         QVERIFY(result.readFile(out));
-        QCOMPARE(int(result.format().sampleRate), rate);
+        QCOMPARE(QVector<uint>({result.format().channels, result.format().bitsPerSample, result.format().sampleRate}),
+                 format);
         QCOMPARE(result.durationMs(), durationMs);
     }
 
     void metadata()
     {
-        LogCapture log;
         SoxProcess sox;
-        const QString file = input("stereo.wav");
-        const QString description = sox.metadata(file);
+        const QString description = sox.metadata(input("stereo.wav"));
         QVERIFY2(description.contains("Channels       : 2"), qPrintable(description));
-        QCOMPARE(sox.commandLine(), QStringLiteral("\"%1\" --i \"%2\"").arg(sox.exe(), file));
-        QCOMPARE(log.messages(LogRecord::Trace).join(QString()), "StdOutput: " + description);
 
         // A failed run describes nothing, whatever an earlier run left behind.
         QVERIFY(TestFiles::write(input("notes.wav"), "not a sound\n"));
@@ -238,7 +229,6 @@ private Q_SLOTS:
             QSKIP("the installed SoX does not write this format");
         const QByteArray original = TestFiles::read(source);
 
-        LogCapture log;
         NvrWav wav;
         QVERIFY(wav.importFile(source));
         const QString workFile = TestAppDir::filePath("tmp/" + name);
@@ -253,8 +243,6 @@ private Q_SLOTS:
         for (int i = 0; i < samples.size(); i += 2)
             loudest = qMax(loudest, qAbs(int(qFromLittleEndian<qint16>(samples.constData() + i))));
         QVERIFY2(loudest > 8000, "the converted sound is silent");
-        QCOMPARE(log.messages(LogRecord::Trace),
-                 {QStringLiteral("Infile: \"%1\" Outfile: \"%2\"").arg(source, workFile)});
     }
 
     void importWithoutSox()
@@ -382,14 +370,6 @@ private Q_SLOTS:
         QVERIFY(!emptySaved);
         QCOMPARE(savedOk, ok);
         QCOMPARE(written, ok ? wav.rawData() : QByteArray());
-    }
-
-    void byteHelpers()
-    {
-        // An odd trailing byte is paired with a zero; a short buffer reads as zero.
-        QCOMPARE(NvrWav::swapSamples(QByteArray::fromHex("010203")), QByteArray::fromHex("02010003"));
-        QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("ff")), 0);
-        QCOMPARE(NvrWav::BufferToShort(QByteArray::fromHex("0080ff")), 32768);
     }
 };
 

@@ -83,7 +83,7 @@ const QStringList noConnect{QStringLiteral("nevra"), QStringLiteral("-noconnect"
 
 // Starts a pseudo-terminal pair and links its first end as <application directory>/ports/COM<number>.
 #define START_DEVICE(pair, number)                                                                                  \
-    QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()));                                      \
+    START_PAIR(pair);                                                                                               \
     QVERIFY(QFile::link((pair).portA(), TestAppDir::filePath(QStringLiteral("ports/COM%1").arg(number))))
 
 class tst_HostPages : public QObject
@@ -92,159 +92,155 @@ class tst_HostPages : public QObject
 private Q_SLOTS:
     void initTestCase() { TestAppDir::prepare(); }
     void cleanupTestCase() { TestAppDir::cleanup(); }
-    void init();
-    void terminalTalksToADevice();
-    void terminalFollowsThePort();
-    void windowPagesAndMenu();
-    void connectAtStartSaysWhenItFails();
-};
 
-void tst_HostPages::init()
-{
-    QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
-    QDir(TestAppDir::path()).mkpath(QStringLiteral("ports"));
-}
+    void init()
+    {
+        QDir(TestAppDir::filePath(QStringLiteral("ports"))).removeRecursively();
+        QDir(TestAppDir::path()).mkpath(QStringLiteral("ports"));
+    }
 
-void tst_HostPages::terminalTalksToADevice()
-{
-    PtyPair pair;
-    START_DEVICE(pair, 5);
-    Responder device(pair, "PANEL-A");
-    NvrOptions options(noConnect);
-    options.setComPortNumber(5);
-    TerminalPage page(&options);
-    ConsoleWidget *console = page.console();
-    QVERIFY(!page.disconnectAction()->isEnabled());
-    page.connectAction()->trigger();
-    QVERIFY(page.isConnected());
-    QVERIFY(!page.connectAction()->isEnabled());
+    void terminalTalksToADevice()
+    {
+        PtyPair pair;
+        START_DEVICE(pair, 5);
+        Responder device(pair, "PANEL-A");
+        NvrOptions options(noConnect);
+        options.setComPortNumber(5);
+        TerminalPage page(&options);
+        ConsoleWidget *console = page.console();
+        QVERIFY(!page.disconnectAction()->isEnabled());
+        page.connectAction()->trigger();
+        QVERIFY(page.isConnected());
+        QVERIFY(!page.connectAction()->isEnabled());
 
-    QString text = QStringLiteral("Connected to COM5.\n> ");
-    enter(console, QStringLiteral("ID"));
-    text += QStringLiteral("ID\nPANEL-A 2.1\n> ");
-    QTRY_COMPARE(console->toPlainText(), text);
-    enter(console, QStringLiteral("RAW"));
-    text += QStringLiteral("RAW\n<02>OK<1B><7F><E9>\n> ");
-    QTRY_COMPARE(console->toPlainText(), text);
+        QString text = QStringLiteral("Connected to COM5.\n> ");
+        enter(console, QStringLiteral("ID"));
+        text += QStringLiteral("ID\nPANEL-A 2.1\n> ");
+        QTRY_COMPARE(console->toPlainText(), text);
+        enter(console, QStringLiteral("RAW"));
+        text += QStringLiteral("RAW\n<02>OK<1B><7F><E9>\n> ");
+        QTRY_COMPARE(console->toPlainText(), text);
 
-    page.setResponseTimeout(300);
-    QElapsedTimer clock;
-    clock.start();
-    enter(console, QStringLiteral("SILENT"));
-    text += QStringLiteral("SILENT\nNo answer within 300 ms.\n> ");
-    QTRY_COMPARE(console->toPlainText(), text);
-    QVERIFY2(clock.elapsed() >= 300, qPrintable(QString::number(clock.elapsed())));
+        page.setResponseTimeout(300);
+        QElapsedTimer clock;
+        clock.start();
+        enter(console, QStringLiteral("SILENT"));
+        text += QStringLiteral("SILENT\nNo answer within 300 ms.\n> ");
+        QTRY_COMPARE(console->toPlainText(), text);
+        QVERIFY2(clock.elapsed() >= 300, qPrintable(QString::number(clock.elapsed())));
 
-    // Output nobody asked for goes above the line being typed, which stays as it was.
-    QTest::keyClicks(console, QStringLiteral("ve"));
-    QVERIFY(pair.peerWrite("ALARM 3\r\n"));
-    text = withLineAbove(text, QStringLiteral("ALARM 3"));
-    QTRY_COMPARE(console->toPlainText(), text + QStringLiteral("ve"));
-    enter(console, QStringLiteral("r"));
-    text += QStringLiteral("ver\nERR ver\n> ");
-    QTRY_COMPARE(console->toPlainText(), text);
-    QCOMPARE(device.commands, (QList<QByteArray>{"ID", "RAW", "SILENT", "ver"}));
+        // Output nobody asked for goes above the line being typed, which stays as it was.
+        QTest::keyClicks(console, QStringLiteral("ve"));
+        QVERIFY(pair.peerWrite("ALARM 3\r\n"));
+        text = withLineAbove(text, QStringLiteral("ALARM 3"));
+        QTRY_COMPARE(console->toPlainText(), text + QStringLiteral("ve"));
+        enter(console, QStringLiteral("r"));
+        text += QStringLiteral("ver\nERR ver\n> ");
+        QTRY_COMPARE(console->toPlainText(), text);
+        QCOMPARE(device.commands, (QList<QByteArray>{"ID", "RAW", "SILENT", "ver"}));
 
-    page.disconnectAction()->trigger();
-    QVERIFY(!page.isConnected());
-    QVERIFY(page.connectAction()->isEnabled());
-    enter(console, QStringLiteral("ID"));
-    text = withLineAbove(text, QStringLiteral("Disconnected from COM5."));
-    QCOMPARE(console->toPlainText(), text + QStringLiteral("ID\nNot connected.\n> "));
-}
+        page.disconnectAction()->trigger();
+        QVERIFY(!page.isConnected());
+        QVERIFY(page.connectAction()->isEnabled());
+        enter(console, QStringLiteral("ID"));
+        text = withLineAbove(text, QStringLiteral("Disconnected from COM5."));
+        QCOMPARE(console->toPlainText(), text + QStringLiteral("ID\nNot connected.\n> "));
+    }
 
-void tst_HostPages::terminalFollowsThePort()
-{
-    PtyPair first, second;
-    START_DEVICE(first, 5);
-    START_DEVICE(second, 6);
-    Responder deviceA(first, "PANEL-A");
-    Responder deviceB(second, "PANEL-B");
-    NvrOptions options({QStringLiteral("nevra")});
-    options.setComPortNumber(5);
-    TerminalPage page(&options);
-    ConsoleWidget *console = page.console();
-    QTRY_VERIFY(page.isConnected());
+    void terminalFollowsThePort()
+    {
+        PtyPair first, second;
+        START_DEVICE(first, 5);
+        START_DEVICE(second, 6);
+        Responder deviceA(first, "PANEL-A");
+        Responder deviceB(second, "PANEL-B");
+        NvrOptions options({QStringLiteral("nevra")});
+        options.setComPortNumber(5);
+        TerminalPage page(&options);
+        ConsoleWidget *console = page.console();
+        QTRY_VERIFY(page.isConnected());
 
-    options.setComPortNumber(6);
-    enter(console, QStringLiteral("ID"));
-    QString text = QStringLiteral("Connected to COM5.\nDisconnected from COM5.\nConnected to COM6.\n> ID\nPANEL-B 2.1\n> ");
-    QTRY_COMPARE(console->toPlainText(), text);
-    QVERIFY(deviceA.commands.isEmpty());
+        options.setComPortNumber(6);
+        enter(console, QStringLiteral("ID"));
+        QString text = QStringLiteral("Connected to COM5.\nDisconnected from COM5.\nConnected to COM6.\n"
+                                      "> ID\nPANEL-B 2.1\n> ");
+        QTRY_COMPARE(console->toPlainText(), text);
+        QVERIFY(deviceA.commands.isEmpty());
 
-    // Disconnecting ends a command still waiting instead of leaving the console locked.
-    page.setResponseTimeout(30000);
-    enter(console, QStringLiteral("SILENT"));
-    QTRY_COMPARE(deviceB.commands.size(), 2);
-    page.disconnectAction()->trigger();
-    QTest::keyClicks(console, QStringLiteral("x"));
-    text += QStringLiteral("SILENT\nDisconnected from COM6.\n> x");
-    QCOMPARE(console->toPlainText(), text);
+        // Disconnecting ends a command still waiting instead of leaving the console locked.
+        page.setResponseTimeout(30000);
+        enter(console, QStringLiteral("SILENT"));
+        QTRY_COMPARE(deviceB.commands.size(), 2);
+        page.disconnectAction()->trigger();
+        QTest::keyClicks(console, QStringLiteral("x"));
+        text += QStringLiteral("SILENT\nDisconnected from COM6.\n> x");
+        QCOMPARE(console->toPlainText(), text);
 
-    // A closed terminal only takes note of the new port; a port without a device fails to open.
-    options.setComPortNumber(9);
-    QVERIFY(!page.isConnected());
-    page.connectAction()->trigger();
-    QVERIFY(!page.isConnected());
-    QCOMPARE(console->toPlainText(), withLineAbove(text, QStringLiteral("[COM9] Failed to open port.")));
-}
-
-void tst_HostPages::windowPagesAndMenu()
-{
-    PtyPair pair;
-    START_DEVICE(pair, 2);
-    NvrOptions options(noConnect);
-    options.setComPortNumber(2);
-    MainWindow window(&options);
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-
-    auto *terminal = window.findChild<TerminalPage *>();
-    QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(terminal->isConnected());
-    QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
-    QVERIFY(!terminal->isConnected());
-
-    // The picture is fitted to its page when the page shows.
-    auto *picture = window.findChild<PicturePage *>();
-    window.showPage(window.pages()->indexOf(picture));
-    QTRY_VERIFY(picture->viewer()->findChild<QLabel *>(QStringLiteral("imageLabel"))->width() > 100);
-
-    auto *portRow = window.findChild<OptionsPage *>()->findChild<QLabel *>(QStringLiteral("comPort2"));
-    QCOMPARE(portRow->text(), QStringLiteral("none"));
-    options.setComPort2Number(8);
-    QCOMPARE(portRow->text(), QStringLiteral("COM8"));
-}
-
-void tst_HostPages::connectAtStartSaysWhenItFails()
-{
-    PtyPair pair;
-    START_DEVICE(pair, 3);
-    MessageBoxRecorder boxes;
-    for (const char *quiet : {"", "-nomessages"}) {
-        NvrOptions options({QStringLiteral("nevra"), QLatin1String(quiet)});
-        g_nvrOptions = &options;
-        options.setComPortNumber(3);
-        {
-            MainWindow window(&options);
-            QTRY_VERIFY(window.findChild<TerminalPage *>()->isConnected());
-        }
+        // A closed terminal only takes note of the new port; a port without a device fails to open.
         options.setComPortNumber(9);
+        QVERIFY(!page.isConnected());
+        page.connectAction()->trigger();
+        QVERIFY(!page.isConnected());
+        QCOMPARE(console->toPlainText(), withLineAbove(text, QStringLiteral("[COM9] Failed to open port.")));
+    }
+
+    void windowPagesAndMenu()
+    {
+        PtyPair pair;
+        START_DEVICE(pair, 2);
+        NvrOptions options(noConnect);
+        options.setComPortNumber(2);
         MainWindow window(&options);
-        const QString text = QStringLiteral("COM9 could not be opened. Choose the configuration port in "
-                                            "Tools > Options; -noconnect starts without connecting.");
-        QTRY_COMPARE(window.statusBar()->currentMessage(), text);
-        g_nvrOptions = nullptr;
-        if (options.showMessages()) {
-            QTRY_COMPARE(boxes.count(), 1);
-            QCOMPARE(boxes.last().title, QStringLiteral("Connect"));
-            QCOMPARE(boxes.last().text, text);
-        } else {
-            QTest::qWait(200);
-            QCOMPARE(boxes.count(), 1); // none more
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+
+        auto *terminal = window.findChild<TerminalPage *>();
+        QTest::keyClick(&window, Qt::Key_C, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(terminal->isConnected());
+        QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(!terminal->isConnected());
+
+        // The picture is fitted to its page when the page shows.
+        auto *picture = window.findChild<PicturePage *>();
+        window.showPage(window.pages()->indexOf(picture));
+        QTRY_VERIFY(picture->viewer()->findChild<QLabel *>(QStringLiteral("imageLabel"))->width() > 100);
+
+        auto *portRow = window.findChild<OptionsPage *>()->findChild<QLabel *>(QStringLiteral("comPort2"));
+        QCOMPARE(portRow->text(), QStringLiteral("none"));
+        options.setComPort2Number(8);
+        QCOMPARE(portRow->text(), QStringLiteral("COM8"));
+    }
+
+    void connectAtStartSaysWhenItFails()
+    {
+        PtyPair pair;
+        START_DEVICE(pair, 3);
+        MessageBoxRecorder boxes;
+        for (const char *quiet : {"", "-nomessages"}) {
+            NvrOptions options({QStringLiteral("nevra"), QLatin1String(quiet)});
+            g_nvrOptions = &options;
+            options.setComPortNumber(3);
+            {
+                MainWindow window(&options);
+                QTRY_VERIFY(window.findChild<TerminalPage *>()->isConnected());
+            }
+            options.setComPortNumber(9);
+            MainWindow window(&options);
+            const QString text = QStringLiteral("COM9 could not be opened. Choose the configuration port in "
+                                                "Tools > Options; -noconnect starts without connecting.");
+            QTRY_COMPARE(window.statusBar()->currentMessage(), text);
+            g_nvrOptions = nullptr;
+            if (options.showMessages()) {
+                QTRY_COMPARE(boxes.count(), 1);
+                QCOMPARE(boxes.last().title, QStringLiteral("Connect"));
+                QCOMPARE(boxes.last().text, text);
+            } else {
+                QTest::qWait(200);
+                QCOMPARE(boxes.count(), 1); // none more
+            }
         }
     }
-}
+};
 
 QTEST_MAIN(tst_HostPages)
 #include "tst_hostpages.moc"
