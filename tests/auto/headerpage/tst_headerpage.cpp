@@ -56,165 +56,152 @@ class tst_HeaderPage : public QObject
 private Q_SLOTS:
     void initTestCase() { TestAppDir::prepare(); }
     void cleanupTestCase() { TestAppDir::cleanup(); }
-    void opensRawAndHexFiles();
-    void badFilesLeaveTheHeaderAlone();
-    void editsReencodeAndKeepUnshownMods();
-    void newHeaderFromTypedFields();
-    void savesBothFormsAndSaysSoUnlessMessagesAreOff();
+
+    void opensRawAndHexFiles()
+    {
+        QTemporaryDir dir;
+        const QByteArray bytes = headerBytes(QStringLiteral("KV-37"), 0x5);
+        const QString raw = dir.filePath(QStringLiteral("header.bin"));
+        const QString hex = dir.filePath(QStringLiteral("header.txt"));
+        // More than a header is fine: a dump of the product's memory starts with one.
+        QVERIFY(TestFiles::write(raw, bytes + QByteArray(100, '\xAA')));
+        QVERIFY(TestFiles::write(hex, KvHex::BufferToHexString(bytes).toLatin1() + "\r\n"));
+
+        QMainWindow window;
+        auto *page = new HeaderPage(&window);
+        window.setCentralWidget(page);
+        window.show();
+        QVERIFY(!child<QPushButton>(page, "saveButton")->isEnabled());
+
+        FileDialogChooser chooser(raw);
+        QTest::mouseClick(child<QPushButton>(page, "openButton"), Qt::LeftButton);
+        QVERIFY(chooser.answered());
+        QVERIFY(page->hasHeader());
+        QCOMPARE(child<QLineEdit>(page, "model")->text(), QStringLiteral("KV-37"));
+        QCOMPARE(child<QLineEdit>(page, "serialNumber")->text(), QStringLiteral("4711"));
+        QCOMPARE(page->findChild<ModStatusWidget *>()->modStatus(), 0x5u);
+        QVERIFY(shown(*page).contains(QStringLiteral("KV-37")));
+        QVERIFY(child<QPushButton>(page, "saveButton")->isEnabled());
+
+        QVERIFY(page->openFile(hex));
+        QCOMPARE(page->header().productModel, QStringLiteral("KV-37"));
+        QCOMPARE(page->header().headerCrc, page->header().calculatedHeaderCrc);
+        QVERIFY(child<QLabel>(page, "source")->text().contains(QDir::toNativeSeparators(hex)));
+    }
+
+    void badFilesLeaveTheHeaderAlone()
+    {
+        QTemporaryDir dir;
+        const QString good = dir.filePath(QStringLiteral("good.bin"));
+        const QString shortFile = dir.filePath(QStringLiteral("short.txt"));
+        QVERIFY(TestFiles::write(good, headerBytes(QStringLiteral("KV-37"), 0)));
+        QVERIFY(TestFiles::write(shortFile, "0A 1B 2C"));
+        HeaderPage page;
+        QVERIFY(page.openFile(good));
+        const QString before = shown(page);
+
+        MessageBoxRecorder boxes;
+        QVERIFY(!page.openFile(shortFile));
+        QVERIFY(boxes.last().text.contains(QDir::toNativeSeparators(shortFile)));
+        const QString missing = dir.filePath(QStringLiteral("missing.bin"));
+        QVERIFY(!page.openFile(missing));
+        QVERIFY(boxes.last().text.contains(QDir::toNativeSeparators(missing)));
+        QCOMPARE(boxes.count(), 2);
+        QCOMPARE(shown(page), before);
+        QCOMPARE(page.header().productModel, QStringLiteral("KV-37"));
+    }
+
+    void editsReencodeAndKeepUnshownMods()
+    {
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("header.bin"));
+        // Bit 31 has no box; a click on box 3 must not clear it.
+        QByteArray bytes = headerBytes(QStringLiteral("KV-37"), 0x80000001u);
+        bytes[0] = 'X'; // the header CRC no longer matches
+        QVERIFY(TestFiles::write(file, bytes));
+        HeaderPage page;
+        page.show();
+        QVERIFY(page.openFile(file));
+        QVERIFY(page.header().headerCrc != page.header().calculatedHeaderCrc);
+
+        QTest::mouseClick(page.findChild<ModStatusWidget *>()->findChildren<QCheckBox *>().at(3), Qt::LeftButton);
+        QCOMPARE(page.header().modStatus, 0x80000009u);
+        QCOMPARE(page.header().headerCrc, page.header().calculatedHeaderCrc);
+
+        auto *model = child<QLineEdit>(&page, "model");
+        model->setFocus();
+        model->selectAll();
+        QTest::keyClicks(model, QStringLiteral("KV-38"));
+        QCOMPARE(page.header().productModel, QStringLiteral("KV-38"));
+        QVERIFY(shown(page).contains(QStringLiteral("KV-38")));
+        ProductDataHeader written;
+        QVERIFY(written.setData(encoded(page)));
+        QCOMPARE(written.productModel, QStringLiteral("KV-38"));
+        QCOMPARE(written.modStatus, 0x80000009u);
+    }
+
+    void newHeaderFromTypedFields()
+    {
+        HeaderPage page;
+        page.show();
+        auto *newButton = child<QPushButton>(&page, "newButton");
+        QVERIFY(!newButton->isEnabled());
+        QTest::keyClicks(child<QLineEdit>(&page, "model"), QStringLiteral("A-MODEL-LONGER-THAN-16"));
+        QVERIFY(!newButton->isEnabled());
+        QTest::keyClicks(child<QLineEdit>(&page, "serialNumber"), QStringLiteral("123"));
+        QVERIFY(newButton->isEnabled());
+        QVERIFY(!child<QPushButton>(&page, "punchButton")->isEnabled());
+        QTest::mouseClick(newButton, Qt::LeftButton);
+
+        // The field keeps to the record's width, so no later field is shifted.
+        QCOMPARE(page.header().productModel, QStringLiteral("A-MODEL-LONGER-T"));
+        QCOMPARE(page.header().serialNumber, QStringLiteral("123"));
+        QCOMPARE(page.header().buildConfiguration, QStringLiteral("A"));
+        QVERIFY(page.header().createdTime != 0);
+        QCOMPARE(page.header().programTime, 0u);
+        QTest::mouseClick(child<QPushButton>(&page, "punchButton"), Qt::LeftButton);
+        QVERIFY(page.header().programTime >= page.header().createdTime);
+        QCOMPARE(encoded(page).size(), 56);
+    }
+
+    void savesBothFormsAndSaysSoUnlessMessagesAreOff()
+    {
+        QTemporaryDir dir;
+        QMainWindow window;
+        auto *page = new HeaderPage(&window);
+        window.setCentralWidget(page);
+        QTest::keyClicks(child<QLineEdit>(page, "model"), QStringLiteral("KV-37"));
+        QTest::keyClicks(child<QLineEdit>(page, "serialNumber"), QStringLiteral("9"));
+        QTest::mouseClick(child<QPushButton>(page, "newButton"), Qt::LeftButton);
+        const QByteArray bytes = encoded(*page);
+
+        const QString raw = dir.filePath(QStringLiteral("new.bin"));
+        const QString hex = dir.filePath(QStringLiteral("new.TXT"));
+        MessageBoxRecorder boxes;
+        FileDialogChooser chooser(raw);
+        QTest::mouseClick(child<QPushButton>(page, "saveButton"), Qt::LeftButton);
+        QVERIFY(chooser.answered());
+        QCOMPARE(TestFiles::read(raw), bytes);
+        QCOMPARE(boxes.count(), 1);
+        QVERIFY(boxes.last().text.contains(QDir::toNativeSeparators(raw)));
+
+        NvrOptions quiet({QStringLiteral("nevra"), QStringLiteral("-nomessages")});
+        g_nvrOptions = &quiet;
+        QVERIFY(page->saveFile(hex));
+        g_nvrOptions = nullptr;
+        QCOMPARE(boxes.count(), 1);
+        QVERIFY(window.statusBar()->currentMessage().contains(QDir::toNativeSeparators(hex)));
+        QCOMPARE(TestFiles::read(hex), KvHex::BufferToHexString(bytes).toLatin1() + '\n');
+
+        // A file where the folder should be: the save fails with a box and writes nothing.
+        const QString blocked = dir.filePath(QStringLiteral("new.bin/header.bin"));
+        QVERIFY(!page->saveFile(blocked));
+        QVERIFY2(boxes.last().text.startsWith(QStringLiteral("Could not save the header to %1: ")
+                                                  .arg(QDir::toNativeSeparators(blocked))),
+                 qPrintable(boxes.last().text));
+        QCOMPARE(TestFiles::read(raw), bytes);
+    }
 };
-
-void tst_HeaderPage::opensRawAndHexFiles()
-{
-    QTemporaryDir dir;
-    const QByteArray bytes = headerBytes(QStringLiteral("KV-37"), 0x5);
-    const QString raw = dir.filePath(QStringLiteral("header.bin"));
-    const QString hex = dir.filePath(QStringLiteral("header.txt"));
-    // More than a header is fine: a dump of the product's memory starts with one.
-    QVERIFY(TestFiles::write(raw, bytes + QByteArray(100, '\xAA')));
-    QVERIFY(TestFiles::write(hex, KvHex::BufferToHexString(bytes).toLatin1() + "\r\n"));
-
-    QMainWindow window;
-    auto *page = new HeaderPage(&window);
-    window.setCentralWidget(page);
-    window.show();
-    QVERIFY(!child<QPushButton>(page, "saveButton")->isEnabled());
-
-    FileDialogChooser chooser(raw);
-    QTest::mouseClick(child<QPushButton>(page, "openButton"), Qt::LeftButton);
-    QVERIFY(chooser.answered());
-    QCOMPARE(chooser.title(), QStringLiteral("Open Product Header"));
-    QVERIFY(page->hasHeader());
-    QCOMPARE(child<QLineEdit>(page, "model")->text(), QStringLiteral("KV-37"));
-    QCOMPARE(child<QLineEdit>(page, "serialNumber")->text(), QStringLiteral("4711"));
-    QCOMPARE(page->findChild<ModStatusWidget *>()->modStatus(), 0x5u);
-    QVERIFY(shown(*page).contains(QStringLiteral("KV-37")));
-    QVERIFY(child<QPushButton>(page, "saveButton")->isEnabled());
-
-    QVERIFY(page->openFile(hex));
-    QCOMPARE(page->header().productModel, QStringLiteral("KV-37"));
-    QCOMPARE(page->header().headerCrc, page->header().calculatedHeaderCrc);
-    QVERIFY(child<QLabel>(page, "source")->text().contains(QDir::toNativeSeparators(hex)));
-}
-
-void tst_HeaderPage::badFilesLeaveTheHeaderAlone()
-{
-    QTemporaryDir dir;
-    const QString good = dir.filePath(QStringLiteral("good.bin"));
-    const QString shortFile = dir.filePath(QStringLiteral("short.txt"));
-    QVERIFY(TestFiles::write(good, headerBytes(QStringLiteral("KV-37"), 0)));
-    QVERIFY(TestFiles::write(shortFile, "0A 1B 2C"));
-    HeaderPage page;
-    QVERIFY(page.openFile(good));
-    const QString before = shown(page);
-
-    MessageBoxRecorder boxes;
-    QVERIFY(!page.openFile(shortFile));
-    QCOMPARE(boxes.last().title, QStringLiteral("Open Product Header"));
-    QCOMPARE(boxes.last().text, QStringLiteral("%1 holds 3 bytes; a product header needs at least 56.")
-                                    .arg(QDir::toNativeSeparators(shortFile)));
-    const QString missing = dir.filePath(QStringLiteral("missing.bin"));
-    QVERIFY(!page.openFile(missing));
-    QCOMPARE(boxes.last().text, QStringLiteral("Could not read %1: No such file or directory")
-                                    .arg(QDir::toNativeSeparators(missing)));
-    QCOMPARE(boxes.count(), 2);
-    QCOMPARE(shown(page), before);
-    QCOMPARE(page.header().productModel, QStringLiteral("KV-37"));
-}
-
-void tst_HeaderPage::editsReencodeAndKeepUnshownMods()
-{
-    QTemporaryDir dir;
-    const QString file = dir.filePath(QStringLiteral("header.bin"));
-    // Bit 31 has no box; a click on box 3 must not clear it.
-    QByteArray bytes = headerBytes(QStringLiteral("KV-37"), 0x80000001u);
-    bytes[0] = 'X'; // the header CRC no longer matches
-    QVERIFY(TestFiles::write(file, bytes));
-    HeaderPage page;
-    page.show();
-    QVERIFY(page.openFile(file));
-    QVERIFY(page.header().headerCrc != page.header().calculatedHeaderCrc);
-
-    QTest::mouseClick(page.findChild<ModStatusWidget *>()->findChildren<QCheckBox *>().at(3), Qt::LeftButton);
-    QCOMPARE(page.header().modStatus, 0x80000009u);
-    QCOMPARE(page.header().headerCrc, page.header().calculatedHeaderCrc);
-
-    auto *model = child<QLineEdit>(&page, "model");
-    model->setFocus();
-    model->selectAll();
-    QTest::keyClicks(model, QStringLiteral("KV-38"));
-    QCOMPARE(page.header().productModel, QStringLiteral("KV-38"));
-    QVERIFY(shown(page).contains(QStringLiteral("KV-38")));
-    ProductDataHeader written;
-    QVERIFY(written.setData(encoded(page)));
-    QCOMPARE(written.productModel, QStringLiteral("KV-38"));
-    QCOMPARE(written.modStatus, 0x80000009u);
-}
-
-void tst_HeaderPage::newHeaderFromTypedFields()
-{
-    HeaderPage page;
-    page.show();
-    auto *newButton = child<QPushButton>(&page, "newButton");
-    QVERIFY(!newButton->isEnabled());
-    QTest::keyClicks(child<QLineEdit>(&page, "model"), QStringLiteral("A-MODEL-LONGER-THAN-16"));
-    QVERIFY(!newButton->isEnabled());
-    QTest::keyClicks(child<QLineEdit>(&page, "serialNumber"), QStringLiteral("123"));
-    QVERIFY(newButton->isEnabled());
-    QVERIFY(!child<QPushButton>(&page, "punchButton")->isEnabled());
-    QTest::mouseClick(newButton, Qt::LeftButton);
-
-    // The field keeps to the record's width, so no later field is shifted.
-    QCOMPARE(page.header().productModel, QStringLiteral("A-MODEL-LONGER-T"));
-    QCOMPARE(page.header().serialNumber, QStringLiteral("123"));
-    QCOMPARE(page.header().buildConfiguration, QStringLiteral("A"));
-    QVERIFY(page.header().createdTime != 0);
-    QCOMPARE(page.header().programTime, 0u);
-    QTest::mouseClick(child<QPushButton>(&page, "punchButton"), Qt::LeftButton);
-    QVERIFY(page.header().programTime >= page.header().createdTime);
-    QCOMPARE(encoded(page).size(), 56);
-}
-
-void tst_HeaderPage::savesBothFormsAndSaysSoUnlessMessagesAreOff()
-{
-    QTemporaryDir dir;
-    QMainWindow window;
-    auto *page = new HeaderPage(&window);
-    window.setCentralWidget(page);
-    QTest::keyClicks(child<QLineEdit>(page, "model"), QStringLiteral("KV-37"));
-    QTest::keyClicks(child<QLineEdit>(page, "serialNumber"), QStringLiteral("9"));
-    QTest::mouseClick(child<QPushButton>(page, "newButton"), Qt::LeftButton);
-    const QByteArray bytes = encoded(*page);
-
-    const QString raw = dir.filePath(QStringLiteral("new.bin"));
-    const QString hex = dir.filePath(QStringLiteral("new.TXT"));
-    MessageBoxRecorder boxes;
-    FileDialogChooser chooser(raw);
-    QTest::mouseClick(child<QPushButton>(page, "saveButton"), Qt::LeftButton);
-    QVERIFY(chooser.answered());
-    QCOMPARE(TestFiles::read(raw), bytes);
-    QCOMPARE(boxes.count(), 1);
-    QCOMPARE(boxes.last().title, QStringLiteral("Save Product Header"));
-    QCOMPARE(boxes.last().text, QStringLiteral("The header was saved to %1.").arg(QDir::toNativeSeparators(raw)));
-    QCOMPARE(boxes.last().icon, QMessageBox::Information);
-
-    NvrOptions quiet({QStringLiteral("nevra"), QStringLiteral("-nomessages")});
-    g_nvrOptions = &quiet;
-    QVERIFY(page->saveFile(hex));
-    g_nvrOptions = nullptr;
-    QCOMPARE(boxes.count(), 1);
-    QCOMPARE(window.statusBar()->currentMessage(),
-             QStringLiteral("The header was saved to %1.").arg(QDir::toNativeSeparators(hex)));
-    QCOMPARE(TestFiles::read(hex), KvHex::BufferToHexString(bytes).toLatin1() + '\n');
-
-    // A file where the folder should be: the save fails with a box and writes nothing.
-    const QString blocked = dir.filePath(QStringLiteral("new.bin/header.bin"));
-    QVERIFY(!page->saveFile(blocked));
-    QCOMPARE(boxes.last().icon, QMessageBox::Warning);
-    QVERIFY2(boxes.last().text.startsWith(QStringLiteral("Could not save the header to %1: ")
-                                              .arg(QDir::toNativeSeparators(blocked))),
-             qPrintable(boxes.last().text));
-    QCOMPARE(TestFiles::read(raw), bytes);
-}
 
 QTEST_MAIN(tst_HeaderPage)
 #include "tst_headerpage.moc"

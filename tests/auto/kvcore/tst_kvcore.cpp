@@ -7,6 +7,7 @@
 #include "kvhex.h"
 #include "logcapture.h"
 #include "logger.h"
+#include "testfiles.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -83,9 +84,7 @@ private Q_SLOTS:
         cuteLoggerInstance()->removeAppender(&appender);
         LOG_ERROR("after removal");
 
-        QFile file(appender.fileName());
-        QVERIFY(file.open(QFile::ReadOnly));
-        const QList<QByteArray> lines = file.readAll().split('\n');
+        const QList<QByteArray> lines = TestFiles::read(appender.fileName()).split('\n');
         QCOMPARE(lines.size(), 3); // two records and the empty rest after the last line end
         QVERIFY(lines[0].contains("[Info   ]"));
         QVERIFY(lines[0].endsWith(" first"));
@@ -98,20 +97,13 @@ private Q_SLOTS:
         QTemporaryDir dir;
         const QString file = dir.filePath(QStringLiteral("f"));
         QVERIFY(!KvFileUtils::fileExists(file));
-        QFile f(file);
-        QVERIFY(f.open(QFile::WriteOnly));
-        f.close();
+        QVERIFY(TestFiles::write(file, QByteArray()));
         QVERIFY(KvFileUtils::fileExists(file));
         QVERIFY(!KvFileUtils::fileExists(dir.path())); // a folder is not a file
     }
 
-    void applicationDirPath()
+    void dateTimeToString()
     {
-        QCOMPARE(KvCore::applicationDirPath(), QCoreApplication::applicationDirPath());
-        KvCore::setApplicationDirPath(QStringLiteral("/somewhere/else"));
-        QCOMPARE(KvCore::applicationDirPath(), QStringLiteral("/somewhere/else"));
-        KvCore::setApplicationDirPath(QString());
-        QCOMPARE(KvCore::applicationDirPath(), QCoreApplication::applicationDirPath());
         QCOMPARE(KvCore::dateTimeToString(QDateTime(QDate(2024, 2, 29), QTime(7, 5, 9))),
                  QStringLiteral("2024-02-29 07:05:09"));
     }
