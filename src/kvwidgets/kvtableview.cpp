@@ -15,11 +15,14 @@ KvTableView::~KvTableView() = default;
 void KvTableView::setModel(QAbstractItemModel *model)
 {
     QTableView::setModel(model);
-    // The selection model submits the model whenever the current row changes; edits here stay
-    // buffered until the owner saves or cancels them.
-    if (model && selectionModel()) {
-        disconnect(selectionModel(), SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), model, SLOT(submit()));
-    }
+    // The view submits the model whenever the current row changes; edits here stay buffered
+    // until the owner saves or cancels them. Qt makes that connection by its string signature;
+    // should a later Qt make it another way, the by-name disconnect finds nothing, and then every
+    // connection from the selection model to the model goes (the view makes no other).
+    if (model && selectionModel()
+        && !disconnect(selectionModel(), SIGNAL(currentRowChanged(QModelIndex,QModelIndex)), model,
+                       SLOT(submit())))
+        disconnect(selectionModel(), nullptr, model, nullptr);
     if (!m_headerState.isEmpty())
         restoreState();
 }

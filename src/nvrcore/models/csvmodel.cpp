@@ -210,7 +210,7 @@ void CsvModel::setSource(QIODevice *source, bool withHeader, QChar separator)
     // growing it): many sources are short.
     constexpr int chunk = 64 * 1024;
     const qint64 left = source->isSequential() ? chunk : source->size() - source->pos();
-    QByteArray buffer(int(qBound<qint64>(1, left + 1, chunk)), Qt::Uninitialized);
+    QByteArray buffer(int(qBound(qint64(1), left + 1, qint64(chunk))), Qt::Uninitialized);
     int filled = 0;
     int scanned = 0; // the leftover of the last chunk holds no line end
     while (source->isReadable()) {

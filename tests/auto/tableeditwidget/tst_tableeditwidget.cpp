@@ -2,9 +2,11 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "kvabstractdataobject.h"
 #include "kvtableview.h"
+#include "models/csvmodel.h"
 #include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
 #include "testappdir.h"
+#include "testfiles.h"
 #include "testui.h"
 #include "widgets/rtstableview.h"
 #include "widgets/tableeditwidget.h"
@@ -12,6 +14,7 @@
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QTemporaryDir>
 #include <QTest>
 
 namespace {
@@ -153,6 +156,27 @@ private Q_SLOTS:
         QCOMPARE(editor.states(), QStringLiteral("11000"));
         QVERIFY(model.setData(model.index(1, RtsTableModel::ModelColumn), QStringLiteral("Changed")));
         QCOMPARE(editor.states().right(2), QStringLiteral("11"));
+    }
+
+    // Qt's views submit the model when the current row changes; a library edit must stay
+    // pending until Save, whichever Qt the program is built with.
+    void editStaysPendingWhenRowChanges()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath(QStringLiteral("table.csv"));
+        const QByteArray original = "\"Name\"\n\"one\"\n\"two\"\n";
+        QVERIFY(TestFiles::write(path, original));
+        CsvModel model(path);
+        KvTableView view;
+        view.setModel(&model);
+        view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&view));
+        view.setCurrentIndex(model.index(0, 0));
+        QVERIFY(model.setData(model.index(0, 0), QStringLiteral("edited")));
+        QTest::keyClick(view.viewport(), Qt::Key_Down);
+        QCOMPARE(view.currentIndex().row(), 1);
+        QCOMPARE(TestFiles::read(path), original);
+        QCOMPARE(model.index(0, 0).data().toString(), QStringLiteral("edited"));
     }
 
     void viewKeepsItsLayout()
