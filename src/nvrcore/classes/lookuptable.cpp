@@ -3,6 +3,7 @@
 #include "lookuptable.h"
 
 #include "kvfileutils.h"
+#include "kvinifile.h"
 #include "logger.h"
 
 #include <QSettings>
@@ -33,9 +34,10 @@ void LookUpTable::readData()
         LOG_ERROR(m_fileName + QLatin1String(" does not exist."));
         return;
     }
-    QSettings settings(m_fileName, QSettings::IniFormat);
-    settings.beginGroup(m_group);
-    const int count = settings.value(QStringLiteral("count")).toInt();
+    KvIniFile file(m_fileName);
+    file.beginGroup(m_group);
+    const QSettings &settings = file.settings();
+    const int count = file.value(QStringLiteral("count")).toInt();
     // The count and the key numbers come from the file: only the entries
     // present are read, so that a huge count or one entry numbered in the
     // billions does not walk billions of keys that are not there.
@@ -75,8 +77,8 @@ void LookUpTable::readData()
         m_displayValues.append(items.at(0));
         m_values.append(static_cast<char>(items.at(1).toUInt(nullptr, 16) & 0xFF));
     }
-    m_defaultValue = settings.value(QStringLiteral("default")).toString();
-    settings.endGroup();
+    m_defaultValue = file.value(QStringLiteral("default")).toString();
+    file.endGroup();
 }
 
 int LookUpTable::displayValueIndex(const double &value) const

@@ -4,6 +4,7 @@
 
 #include "dialogs/nvroptionsdialog.h"
 #include "kvcore.h"
+#include "kvinifile.h"
 #include "nvroptionsettings.h"
 
 #include <QDir>
@@ -249,7 +250,9 @@ void NvrOptions::setHostText(const QString &text)
 
 void NvrOptions::readSettings()
 {
-    NvrOptionSettings settings;
+    // Read like every INI file a user may bring from Windows (its encoding, names in any case);
+    // writing goes through NvrOptionSettings.
+    KvIniFile settings(NvrOptionSettings::filePath());
     settings.beginGroup(group);
     // A file that cannot be read or parsed whole (a folder, garbage) is not half trusted: all defaults.
     const bool readable = settings.status() == QSettings::NoError;
@@ -272,7 +275,8 @@ void NvrOptions::readSettings()
 void NvrOptions::saveSettings() const
 {
     NvrOptionSettings settings;
-    settings.beginGroup(group);
+    // Into the group as the file spells it, so a file from Windows keeps one options group.
+    settings.beginGroup(KvIniFile::groupSpelling(settings, group));
     // Left over from versions that had a delay on the first port as well.
     settings.remove(txDelayKey);
     settings.setValue(comPortKey, m_comPortNumber);

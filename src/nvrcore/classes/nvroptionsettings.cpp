@@ -3,11 +3,13 @@
 #include "nvroptionsettings.h"
 
 #include "kvcore.h"
+#include "kvinifile.h"
 
 #include <QCoreApplication>
 
 NvrOptionSettings::NvrOptionSettings() : QSettings(filePath(), QSettings::IniFormat)
 {
+    KvIniFile::useUtf8(*this);
 }
 
 NvrOptionSettings::~NvrOptionSettings() = default;

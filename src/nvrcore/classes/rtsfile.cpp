@@ -4,13 +4,13 @@
 
 #include "kvcore.h"
 #include "kvfileutils.h"
+#include "kvinifile.h"
 #include "kvwaitcursor.h"
 #include "logger.h"
 #include "models/rtdataobject.h"
 #include "models/rtstablemodel.h"
 
 #include <QMessageBox>
-#include <QSettings>
 
 namespace {
 RtsFile *s_instance = nullptr;
@@ -220,15 +220,27 @@ bool RtsFile::saveBaseFile()
 {
     KvWaitCursor wait;
     RtsTableModel *model = RtsTableModel::instance();
-    QSettings settings(m_baseFileName, QSettings::IniFormat);
-    settings.remove(group);
+    KvIniFile file(m_baseFileName, KvIniFile::Write);
+    QSettings &settings = file.settings();
+    file.removeGroup(group);
     settings.beginGroup(group);
-    settings.setValue(countKey, model->baseRtsCount());
-    // Keyed by row: base records are loaded first, so the keys run 0 to count - 1.
+    // Keyed by row, as base records are loaded first and so run 0 to count - 1. Empty records that a
+    // damaged file made are left out, and then the keys run on without a gap, or every later record
+    // would sit beyond the count and never be read again.
+    QList<QPair<int, QStringList>> records;
+    int skipped = 0;
     for (int row = 0; row < model->rowCount(); ++row) {
-        if (model->isBaseRt(model->index(row, RtsTableModel::IdColumn)))
-            settings.setValue(QStringLiteral("%1").arg(row), model->dataObjectAtRow(row)->toStringList());
+        if (!model->isBaseRt(model->index(row, RtsTableModel::IdColumn)))
+            continue;
+        const QStringList record = model->dataObjectAtRow(row)->toStringList();
+        if (isEmptyRecord(record))
+            ++skipped;
+        else
+            records.append({row, record});
     }
+    for (int i = 0; i < records.size(); ++i)
+        settings.setValue(QStringLiteral("%1").arg(skipped == 0 ? records.at(i).first : i), records.at(i).second);
+    settings.setValue(countKey, model->baseRtsCount() - skipped);
     settings.endGroup();
     settings.sync();
     return true;
@@ -238,16 +250,20 @@ bool RtsFile::saveUserFile()
 {
     KvWaitCursor wait;
     RtsTableModel *model = RtsTableModel::instance();
-    QSettings settings(m_userFileName, QSettings::IniFormat);
-    settings.remove(group);
+    KvIniFile file(m_userFileName, KvIniFile::Write);
+    QSettings &settings = file.settings();
+    file.removeGroup(group);
     settings.beginGroup(group);
-    settings.setValue(countKey, model->userRtsCount());
     settings.setValue(autoIncIdKey, model->nextUserRtId());
     int key = 0;
     for (int row = 0; row < model->rowCount(); ++row) {
-        if (!model->isBaseRt(model->index(row, RtsTableModel::IdColumn)))
-            settings.setValue(QStringLiteral("%1").arg(key++), model->dataObjectAtRow(row)->toStringList());
+        if (model->isBaseRt(model->index(row, RtsTableModel::IdColumn)))
+            continue;
+        const QStringList record = model->dataObjectAtRow(row)->toStringList();
+        if (!isEmptyRecord(record))
+            settings.setValue(QStringLiteral("%1").arg(key++), record);
     }
+    settings.setValue(countKey, key);
     settings.endGroup();
     settings.sync();
     setModified(false);
@@ -289,7 +305,7 @@ void RtsFile::openFiles()
     RtsTableModel *model = RtsTableModel::instance();
     model->clear();
 
-    QSettings base(m_baseFileName, QSettings::IniFormat);
+    KvIniFile base(m_baseFileName);
     base.beginGroup(group);
     const int baseCount = base.value(countKey, 0).toInt();
     LOG_INFO(QStringLiteral("Base Count=%1").arg(baseCount));
@@ -297,7 +313,7 @@ void RtsFile::openFiles()
         model->insertFromStringsList(readRecords(base, baseCount));
     base.endGroup();
 
-    QSettings user(m_userFileName, QSettings::IniFormat);
+    KvIniFile user(m_userFileName);
     user.beginGroup(group);
     const int userCount = user.value(countKey, 0).toInt();
     LOG_INFO(QStringLiteral("User Count=%1").arg(userCount));
@@ -327,13 +343,24 @@ void RtsFile::newFile()
     m_rebuilding = false;
 }
 
-QList<QStringList> RtsFile::readRecords(const QSettings &settings, int count)
+QList<QStringList> RtsFile::readRecords(const KvIniFile &file, int count)
 {
     QList<QStringList> records;
     const int bounded = qMin(count, maximumCount);
     for (int key = 0; key < bounded; ++key)
-        records.append(settings.value(QStringLiteral("%1").arg(key)).toStringList());
+        records.append(file.value(QStringLiteral("%1").arg(key)).toStringList());
     return records;
+}
+
+bool RtsFile::isEmptyRecord(const QStringList &record)
+{
+    // Id, type and flag read as 0 whatever the file holds; every text field is empty.
+    for (int field = 0; field < record.size(); ++field) {
+        if (field != RtDataObject::Id && field != RtDataObject::Type && field != RtDataObject::IncludeInRxList
+            && !record.at(field).isEmpty())
+            return false;
+    }
+    return true;
 }
 
 void RtsFile::appendDefaultTable()

@@ -12,7 +12,7 @@
 #include <QStringList>
 #include <QString>
 
-class QSettings;
+class KvIniFile;
 
 /**
  * The radio library's files: "radiosbase.dat" (the shipped records, ids 0
@@ -65,7 +65,9 @@ private:
     ~RtsFile() override;
 
     /// The records under keys 0 to count - 1 of the current group; a missing key gives an empty record.
-    static QList<QStringList> readRecords(const QSettings &settings, int count);
+    static QList<QStringList> readRecords(const KvIniFile &file, int count);
+    /// A record that a damaged file's missing key made: it holds no text at all.
+    static bool isEmptyRecord(const QStringList &record);
     void appendDefaultTable();
 
     QString m_baseFileName;

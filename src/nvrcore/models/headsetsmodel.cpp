@@ -4,6 +4,7 @@
 
 #include "kvcore.h"
 #include "kvfileutils.h"
+#include "kvinifile.h"
 #include "kvwaitcursor.h"
 #include "savequestion_p.h"
 
@@ -314,11 +315,11 @@ void HeadSetsModel::readData()
     KvWaitCursor wait;
     beginResetModel();
     {
-        QSettings base(m_baseFileName, QSettings::IniFormat);
+        KvIniFile base(m_baseFileName);
         base.beginGroup(m_group);
         m_headSets = readRecords(base);
     }
-    QSettings user(m_userFileName, QSettings::IniFormat);
+    KvIniFile user(m_userFileName);
     user.beginGroup(m_group);
     const QVector<HeadSet> userHeadSets = readRecords(user);
     m_headSets += userHeadSets;
@@ -338,7 +339,7 @@ void HeadSetsModel::createNew()
     m_rebuilding = true;
     QVector<HeadSet> userHeadSets;
     {
-        QSettings user(m_userFileName, QSettings::IniFormat);
+        KvIniFile user(m_userFileName);
         user.beginGroup(m_group);
         userHeadSets = readRecords(user);
         m_autoIncId = qMax(user.value(autoIncIdKey, m_autoIncId).toInt(), FirstUserId);
@@ -364,8 +365,9 @@ bool HeadSetsModel::submitAll()
 {
     {
         KvWaitCursor wait;
-        QSettings base(m_baseFileName, QSettings::IniFormat);
-        base.remove(m_group);
+        KvIniFile file(m_baseFileName, KvIniFile::Write);
+        QSettings &base = file.settings();
+        file.removeGroup(m_group);
         base.beginGroup(m_group);
         base.setValue(countKey, baseCount());
         // Keys are row positions: user rows leave gaps, which reading never meets since base rows come first.
@@ -381,8 +383,9 @@ bool HeadSetsModel::submitAll()
 bool HeadSetsModel::submit()
 {
     KvWaitCursor wait;
-    QSettings user(m_userFileName, QSettings::IniFormat);
-    user.remove(m_group);
+    KvIniFile file(m_userFileName, KvIniFile::Write);
+    QSettings &user = file.settings();
+    file.removeGroup(m_group);
     user.beginGroup(m_group);
     user.setValue(countKey, userCount());
     user.setValue(autoIncIdKey, m_autoIncId);
@@ -447,7 +450,7 @@ QString HeadSetsModel::HeadSet::*HeadSetsModel::textField(int column)
     }
 }
 
-QVector<HeadSetsModel::HeadSet> HeadSetsModel::readRecords(const QSettings &settings)
+QVector<HeadSetsModel::HeadSet> HeadSetsModel::readRecords(const KvIniFile &settings)
 {
     QVector<HeadSet> records;
     const int count = qMin(settings.value(countKey, 0).toInt(), MaximumCount);

@@ -8,7 +8,7 @@
 #include <QAbstractTableModel>
 #include <QVector>
 
-class QSettings;
+class KvIniFile;
 
 /**
  * The library of pilot headsets: manufacturer, model, the level the phones
@@ -125,7 +125,7 @@ private:
     /// The member that holds the text of column; null for the id and the summary.
     static QString HeadSet::*textField(int column);
     /// The records under keys 0 to count - 1 of the open group; missing keys are skipped.
-    static QVector<HeadSet> readRecords(const QSettings &settings);
+    static QVector<HeadSet> readRecords(const KvIniFile &settings);
     /// Shows why an edit is refused and returns false.
     static bool refuse(const QString &title, const QString &text);
     bool check(const QModelIndex &index, const QString &text) const;

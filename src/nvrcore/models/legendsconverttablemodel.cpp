@@ -3,6 +3,7 @@
 #include "legendsconverttablemodel.h"
 
 #include "kvcore.h"
+#include "kvinifile.h"
 #include "savequestion_p.h"
 
 #include <QMessageBox>
@@ -171,7 +172,7 @@ void LegendsConvertTableModel::readData()
 {
     beginResetModel();
     m_pairs.clear();
-    QSettings settings(m_fileName, QSettings::IniFormat);
+    KvIniFile settings(m_fileName);
     settings.beginGroup(group);
     const int count = qMin(settings.value(countKey, 0).toInt(), MaximumCount);
     for (int key = 0; key < count; ++key) {
@@ -196,8 +197,10 @@ bool LegendsConvertTableModel::askToSave(const bool &canCancel)
 
 bool LegendsConvertTableModel::submit()
 {
-    QSettings settings(m_fileName, QSettings::IniFormat);
-    settings.beginGroup(group);
+    KvIniFile file(m_fileName, KvIniFile::Write);
+    QSettings &settings = file.settings();
+    // Keys past the count stay (nothing reads them); the group keeps the file's spelling.
+    file.beginGroup(group);
     settings.setValue(countKey, m_pairs.size());
     for (int row = 0; row < m_pairs.size(); ++row)
         settings.setValue(QString::number(row), QStringList{m_pairs.at(row).embedded, m_pairs.at(row).converted});

@@ -209,6 +209,27 @@ private Q_SLOTS:
         QCOMPARE(model->nextUserRtId(), -5);
     }
 
+    // A missing key still loads as an empty record, but saving must neither store it (it would land
+    // among the base records) nor leave a gap that hides the records after it.
+    void damagedFilesSaveWithoutLoss()
+    {
+        QVERIFY(TestFiles::write(basePath(), "[Rts]\ncount=3\n0=1, Default Transceiver, , 1, 7.75, , 0.250, , 0\n"
+                                             "2=12, Kept Base, X, 1, 5.00, , 0.100, , 0\n"));
+        QVERIFY(TestFiles::write(userPath(), "[Rts]\ncount=3\nautoincid=203\n0=200, First, X, 1, 5.00, , 0.100, , 0\n"
+                                             "2=202, Third, X, 1, 5.00, , 0.100, , 0\n"));
+        RtsFile::instance();
+        QCOMPARE(RtsTableModel::instance()->rowCount(), 6);
+        QVERIFY(RtsFile::instance()->saveFiles());
+        RtsFile::destroyInstance();
+
+        RtsFile::instance();
+        QCOMPARE(RtsTableModel::instance()->rowCount(), 4);
+        for (const int id : {1, 12, 200, 202})
+            QVERIFY2(!recordOf(id).isEmpty(), qPrintable(QString::number(id)));
+        QCOMPARE(TestFiles::iniValue(basePath(), "Rts/count").toInt(), 2);
+        QCOMPARE(TestFiles::iniValue(userPath(), "Rts/count").toInt(), 2);
+    }
+
     void askToSave_data()
     {
         QTest::addColumn<bool>("changed");
