@@ -1,7 +1,8 @@
 # SPDX-FileCopyrightText: 2026 The nvrcore developers
 # SPDX-License-Identifier: LicenseRef-Proprietary
 #
-# cmake -DBUILD_DIR=... -DPREFIX=... -DCONSUMER_SOURCE=... -DCONSUMER_BUILD=... [-DCXX_FLAGS=...] -P installconsumer.cmake
+# cmake -DBUILD_DIR=... -DPREFIX=... -DCONSUMER_SOURCE=... -DCONSUMER_BUILD=... [-DCXX_FLAGS=...]
+#       [-DQT_PACKAGE=Qt6 -DQT_PACKAGE_DIR=...] -P installconsumer.cmake
 
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
@@ -31,8 +32,17 @@ if(private)
     message(FATAL_ERROR "private headers installed: ${private}")
 endif()
 
+# The consumer is told where the build's Qt is, as a project using a Qt outside the default paths would be.
+set(qtLocation "")
+if(QT_PACKAGE AND QT_PACKAGE_DIR)
+    set(qtLocation "-D${QT_PACKAGE}_DIR=${QT_PACKAGE_DIR}")
+endif()
 run(${CMAKE_COMMAND} -S ${CONSUMER_SOURCE} -B ${CONSUMER_BUILD} -DCMAKE_PREFIX_PATH=${PREFIX}
-    -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
+    -DCMAKE_BUILD_TYPE=Release "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}" ${qtLocation})
+if(QT_PACKAGE AND NOT output MATCHES "nvrcore uses ${QT_PACKAGE}\n")
+    message(FATAL_ERROR "the package does not say it was built with ${QT_PACKAGE}: ${output}")
+endif()
+
 run(${CMAKE_COMMAND} --build ${CONSUMER_BUILD})
 
 # The consumer writes a header with the library; the installed tool reads it back.

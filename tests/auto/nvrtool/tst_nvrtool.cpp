@@ -79,7 +79,7 @@ private Q_SLOTS:
 
     void helpAndVersion()
     {
-        QVERIFY(output({"--version"}).startsWith("nvrtool 0."));
+        QVERIFY(output({"--version"}).startsWith("nvrtool 1.70."));
         QVERIFY(output({"--help"}).contains("lookup"));
         QVERIFY(output({"lib", "--help"}).contains("radios"));
     }
@@ -167,12 +167,12 @@ private Q_SLOTS:
         QCOMPARE(bytes.size(), 56);
         ProductDataHeader header;
         QVERIFY(header.setData(bytes));
-        // Written into its field, but a writer's version up to x.69 makes readers ignore it.
+        // Readers take the field only from writers above x.69, which this version is.
         QCOMPARE(bytes.mid(36, 4), QByteArray("C\0\0\0", 4));
 
         const QByteArray decoded = output({"header", "decode", raw});
         QVERIFY2(decoded.startsWith("Product Model: KV-37 PANEL\nSerial #: A1234567\n"
-                                    "Mod Status: 0x00000205 (1,3,10)\nBuild Configuration: A\n"),
+                                    "Mod Status: 0x00000205 (1,3,10)\nBuild Configuration: C\n"),
                  decoded);
         QVERIFY2(decoded.contains("Data Last Modified: none\n"), decoded);
         QVERIFY2(decoded.endsWith("Product Header Crc: 0x"
