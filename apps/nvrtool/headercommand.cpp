@@ -86,33 +86,35 @@ int HeaderCommand::decode(NvrTool &tool, const QStringList &arguments)
                              .arg(bytes.size())
                              .arg(header.headerSize()));
     }
-    if (parser.isSet(QStringLiteral("html"))) {
-        QString html;
-        QTextStream stream(&html);
-        header.output(stream);
-        stream << '\n';
-        stream.flush();
-        tool.print(html.toUtf8());
-        return NvrTool::Success;
-    }
-    const bool crcMatches = header.headerCrc == header.calculatedHeaderCrc;
     QString text;
     QTextStream out(&text);
-    out << "Product Model: " << header.productModel << '\n'
-        << "Serial #: " << header.serialNumber << '\n'
-        << "Mod Status: " << hex32(header.modStatus) << " (" << plainText(ModStatusWidget::modStatusString(header.modStatus))
-        << ")\n"
-        << "Build Configuration: " << header.buildConfiguration << '\n'
-        << "Initialized Date: " << timeText(header.createdTime, header.createdDateTime()) << '\n'
-        << "Nevra Ver: " << header.softwareVersion << '\n'
-        << "Data Last Modified: " << timeText(header.programTime, header.lastProgrammedDateTime()) << '\n'
-        << "Product Data Crc: " << hex32(header.productDataCrc) << '\n'
-        << "Product Header Crc: " << hex32(header.headerCrc)
-        << (crcMatches ? QStringLiteral(" (matches)")
-                       : QStringLiteral(" (mismatch, calculated %1)").arg(hex32(header.calculatedHeaderCrc)))
-        << '\n';
+    if (parser.isSet(QStringLiteral("html"))) {
+        header.output(out);
+        out << '\n';
+    } else {
+        // Field bytes come from a product or a file: a control character must not break the lines.
+        out << "Product Model: " << NvrTool::escaped(header.productModel) << '\n'
+            << "Serial #: " << NvrTool::escaped(header.serialNumber) << '\n'
+            << "Mod Status: " << hex32(header.modStatus) << " ("
+            << plainText(ModStatusWidget::modStatusString(header.modStatus)) << ")\n"
+            << "Build Configuration: " << NvrTool::escaped(header.buildConfiguration) << '\n'
+            << "Initialized Date: " << timeText(header.createdTime, header.createdDateTime()) << '\n'
+            << "Nevra Ver: " << NvrTool::escaped(header.softwareVersion) << '\n'
+            << "Data Last Modified: " << timeText(header.programTime, header.lastProgrammedDateTime()) << '\n'
+            << "Product Data Crc: " << hex32(header.productDataCrc) << '\n'
+            << "Product Header Crc: " << hex32(header.headerCrc)
+            << (header.headerCrc == header.calculatedHeaderCrc
+                    ? QStringLiteral(" (matches)")
+                    : QStringLiteral(" (mismatch, calculated %1)").arg(hex32(header.calculatedHeaderCrc)))
+            << '\n';
+    }
     out.flush();
     tool.print(text.toUtf8());
+    // The fields are still worth reading, but a script must not take a damaged header for a good one.
+    if (header.headerCrc != header.calculatedHeaderCrc) {
+        return tool.fail(QStringLiteral("header CRC mismatch in %1: stored %2, calculated %3")
+                             .arg(fileName, hex32(header.headerCrc), hex32(header.calculatedHeaderCrc)));
+    }
     return NvrTool::Success;
 }
 

@@ -8,7 +8,6 @@
 
 #include <QAbstractItemModel>
 #include <QCommandLineParser>
-#include <QDir>
 #include <QFileInfo>
 
 int LibCommand::run(NvrTool &tool, const QStringList &arguments)
@@ -28,18 +27,17 @@ int LibCommand::run(NvrTool &tool, const QStringList &arguments)
         return tool.usageError(QStringLiteral("lib export: unknown format: %1").arg(format));
     const LibraryTable::Entry *library = LibraryTable::find(positional.at(1));
     if (!library) {
-        return tool.fail(QStringLiteral("unknown library: %1 (known: %2)")
-                             .arg(positional.at(1), LibraryTable::names().join(QLatin1String(", "))));
+        return tool.usageError(QStringLiteral("lib export: unknown library: %1 (known: %2)")
+                                   .arg(positional.at(1), LibraryTable::names().join(QLatin1String(", "))));
     }
     const QString dataDirectory = KvCore::applicationDirPath() + QLatin1String("/nevradat");
     if (!QFileInfo(dataDirectory).isDir())
         return tool.fail(QStringLiteral("no data directory: %1").arg(dataDirectory));
+    const QString problem = LibraryTable::problem(*library, dataDirectory);
+    if (!problem.isEmpty())
+        return tool.fail(problem);
 
-    // The products file is found from the working directory, the other libraries from the application's.
-    const QString workingDirectory = QDir::currentPath();
-    QDir::setCurrent(KvCore::applicationDirPath());
     const QAbstractItemModel *model = library->open();
-    QDir::setCurrent(workingDirectory);
     tool.print(format == QLatin1String("json") ? LibraryTable::toJson(*model) : LibraryTable::toCsv(*model));
     library->close();
     return NvrTool::Success;

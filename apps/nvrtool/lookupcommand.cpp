@@ -33,7 +33,8 @@ int LookupCommand::run(NvrTool &tool, const QStringList &arguments)
         return tool.fail(QStringLiteral("no entries in group %1 of %2").arg(positional.at(1), positional.first()));
     tool.print(QStringLiteral("%1\t%2\t%3\n")
                    .arg(index)
-                   .arg(table.displayValues().at(index), Memory::IntToHexString(uchar(table.values().at(index))))
+                   .arg(NvrTool::escaped(table.displayValues().at(index)),
+                        Memory::IntToHexString(uchar(table.values().at(index))))
                    .toUtf8());
     return NvrTool::Success;
 }

@@ -138,18 +138,38 @@ bool NvrTool::readInput(const QString &fileName, QByteArray &bytes)
 
 int NvrTool::fail(const QString &message)
 {
-    std::fprintf(stderr, "nvrtool: %s\n", message.toLocal8Bit().constData());
+    std::fprintf(stderr, "nvrtool: %s\n", escaped(message).toLocal8Bit().constData());
     return Failure;
 }
 
 int NvrTool::usageError(const QString &message)
 {
-    std::fprintf(stderr, "nvrtool: %s (see nvrtool --help)\n", message.toLocal8Bit().constData());
+    std::fprintf(stderr, "nvrtool: %s (see nvrtool --help)\n", escaped(message).toLocal8Bit().constData());
     return UsageError;
+}
+
+void NvrTool::warn(const QString &message)
+{
+    std::fprintf(stderr, "nvrtool: warning: %s\n", escaped(message).toLocal8Bit().constData());
 }
 
 void NvrTool::print(const QByteArray &text)
 {
     std::fwrite(text.constData(), 1, size_t(text.size()), stdout);
     std::fflush(stdout);
+}
+
+QString NvrTool::escaped(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (const QChar c : text) {
+        const ushort code = c.unicode();
+        // C0, DEL and the C1 controls that Latin-1 bytes 0x80 to 0x9F become.
+        if (code < 0x20 || (code >= 0x7F && code < 0xA0))
+            result += QStringLiteral("\\x%1").arg(code, 2, 16, QLatin1Char('0'));
+        else
+            result += c;
+    }
+    return result;
 }

@@ -36,9 +36,13 @@ public:
     /// The bytes of a file, or of standard input for "-".
     bool readInput(const QString &fileName, QByteArray &bytes);
 
+    /// Messages go to standard error on one line each, escaped().
     int fail(const QString &message);
     int usageError(const QString &message);
+    void warn(const QString &message);
     void print(const QByteArray &text);
+    /// text with every control character written as \xNN, so that one value stays on one line.
+    static QString escaped(const QString &text);
 
 private:
     /// Points the library at the data directory given with --data, if any.

@@ -19,7 +19,7 @@ int PortsCommand::run(NvrTool &tool, const QStringList &arguments)
     const QMap<int, QString> map = SerialPort::availablePorts();
     QByteArray text;
     for (auto it = map.cbegin(); it != map.cend(); ++it)
-        text += QStringLiteral("%1\t%2\n").arg(it.key()).arg(it.value().trimmed()).toUtf8();
+        text += QStringLiteral("%1\t%2\n").arg(it.key()).arg(NvrTool::escaped(it.value().trimmed())).toUtf8();
     tool.print(text);
     return NvrTool::Success;
 }

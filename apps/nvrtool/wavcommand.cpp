@@ -32,18 +32,31 @@ int WavCommand::run(NvrTool &tool, const QStringList &arguments)
         return tool.fail(QStringLiteral("no such file: %1").arg(input));
 
     // The import reads the SoX switch from the application options; nothing else of them matters here.
+    const bool sox = !parser.isSet(QStringLiteral("no-sox"));
     NvrOptions options({QCoreApplication::applicationFilePath()});
-    options.setSoxLibraryEnabled(!parser.isSet(QStringLiteral("no-sox")));
+    options.setSoxLibraryEnabled(sox);
     g_nvrOptions = &options;
     NvrWav wav;
     wav.setDeviceFormat(parser.isSet(QStringLiteral("device-format")));
     const bool imported = wav.importFile(input);
     g_nvrOptions = nullptr;
     if (!imported)
-        return tool.fail(QStringLiteral("cannot import %1").arg(input));
+        return tool.fail(wav.errorString());
     const QString output = parser.value(QStringLiteral("output"));
     if (!wav.saveFile(output))
-        return tool.fail(QStringLiteral("cannot write %1").arg(wav.saveFileName(output)));
+        return tool.fail(wav.errorString());
+    if (!wav.cutNotice().isEmpty())
+        tool.warn(QStringLiteral("%1 %2").arg(input, wav.cutNotice()));
+    const QStringList differences = wav.formatDifferences();
+    if (!sox && !differences.isEmpty()) {
+        tool.warn(QStringLiteral("%1 kept as it is without SoX, unlike the product's form "
+                                 "(mono, %2 bits, %3 Hz, up to %4 s): %5")
+                      .arg(input)
+                      .arg(wav.bitsPerSample())
+                      .arg(wav.sampleRate())
+                      .arg(wav.trimSeconds())
+                      .arg(differences.join(QLatin1String(", "))));
+    }
     tool.print(wav.saveFileName(output).toUtf8() + '\n');
     return NvrTool::Success;
 }
