@@ -89,7 +89,7 @@ bool NvrWav::importFile(const QString &fileName)
         return fail(tr("cannot remove the old work file %1").arg(workFile));
     QDir().mkpath(QFileInfo(workFile).path());
     LOG_TRACE() << "Infile:" << fileName << "Outfile:" << workFile;
-    if (!source.isFile())
+    if (!source.exists())
         return fail(tr("no such file: %1").arg(fileName));
 
     // Without options, the built-in default (SoX on) holds.
