@@ -18,7 +18,8 @@ int WavCommand::run(NvrTool &tool, const QStringList &arguments)
         {{QStringLiteral("o"), QStringLiteral("output")},
          QStringLiteral("The file to write; its suffix becomes the product's."), QStringLiteral("file")},
         {QStringLiteral("device-format"), QStringLiteral("Write the samples in the product's own code.")},
-        {QStringLiteral("no-sox"), QStringLiteral("Copy the file instead of converting it; it must be a WAV file.")},
+        {QStringLiteral("no-sox"),
+         QStringLiteral("Copy the file instead of converting it; it must be a PCM WAV file.")},
     });
     if (!tool.parse(parser, arguments, QStringLiteral("wav"), QStringLiteral("import IN")))
         return tool.exitCode();

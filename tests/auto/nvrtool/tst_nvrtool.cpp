@@ -312,9 +312,19 @@ private Q_SLOTS:
                  QByteArray("Product Number,Starting Build Config Rev,Ending Build Config Rev,"
                             "Hardware Configuration\n11-100,A,C,2\n"));
 
-        QByteArray out;
-        out = output({"lib", "export", "legendsconvert", "--format", "json", "--data", "@data"});
+        QByteArray out = output({"lib", "export", "legendsconvert", "--format", "json", "--data", "@data"});
         QVERIFY2(out.contains("\"COM 1\""), out);
+
+        // Export only reads: the radio files, which the library rewrites when one is missing, stay as they are.
+        QVERIFY(TestFiles::write(path("nevradat/radiosbase.dat"), "[Rts]\ncount=1\n0=10, Acme, Com 1, 1, 0.50, Rx, "
+                                                                   "0.50, Tx, 1\n"));
+        QVERIFY(TestFiles::write(path("nevradat/radiosuser.dat"), "[Rts]\ncount=0\nautoincid=200\n"));
+        const QDir data(path("nevradat"));
+        const QStringList files = data.entryList(QDir::Files);
+        out = output({"lib", "export", "radios", "--data", "@data"});
+        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n10,Acme,Com 1,"), out);
+        QCOMPARE(data.entryList(QDir::Files), files);
+        QCOMPARE(TestFiles::read(path("nevradat/radiosuser.dat")), QByteArray("[Rts]\ncount=0\nautoincid=200\n"));
     }
 
     void lookupNearestEntry()
