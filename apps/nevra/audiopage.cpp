@@ -104,13 +104,12 @@ bool AudioPage::importFile(const QString &fileName)
     m_source = imported ? fileName : QString();
     m_savedAs->setText(nothing);
     showSound();
-    if (imported)
+    if (imported && m_wav->cutNotice().isEmpty())
         showStatus(tr("%1 is ready to be saved for the product.").arg(name), false);
+    else if (imported)
+        showStatus(tr("%1 is ready to be saved for the product; it was %2.").arg(name, m_wav->cutNotice()), false);
     else
-        showStatus(tr("Could not import %1: it is missing, not a sound file, or SoX failed. "
-                      "The log has the details.")
-                       .arg(name),
-                   true);
+        showStatus(tr("Could not import %1: %2.").arg(name, m_wav->errorString()), true);
     return imported;
 }
 

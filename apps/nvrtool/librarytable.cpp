@@ -2,8 +2,8 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "librarytable.h"
 
-#include "classes/productsfile.h"
 #include "classes/rtsfile.h"
+#include "kvcore.h"
 #include "models/audiosystemsmodel.h"
 #include "models/bluetoothdevices.h"
 #include "models/headsetsmodel.h"
@@ -17,6 +17,8 @@
 #include "models/serialdatadevices.h"
 
 #include <QAbstractItemModel>
+#include <QDir>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -64,42 +66,69 @@ void closeRadios()
     RtsFile::destroyInstance();
 }
 
+const QString s_productsFile = QStringLiteral("products.dat");
+
+QJsonDocument readJson(const QString &fileName, QJsonParseError *error)
+{
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadOnly)) {
+        *error = {};
+        return QJsonDocument();
+    }
+    return QJsonDocument::fromJson(file.readAll(), error);
+}
+
+// Read here rather than through the products file object, which locks the file for writing.
 QAbstractItemModel *openProducts()
 {
-    ProductsFile::instance();
-    return ProductsModel::instance();
+    QJsonParseError error;
+    const QJsonDocument document =
+        readJson(KvCore::applicationDirPath() + QLatin1String("/nevradat/") + s_productsFile, &error);
+    ProductsModel *model = ProductsModel::instance();
+    model->insertFromJsonArray(document.object()
+                                   .value(QLatin1String("kvlproducts"))
+                                   .toObject()
+                                   .value(QLatin1String("products"))
+                                   .toArray());
+    return model;
 }
 
 void closeProducts()
 {
-    ProductsFile::destroyInstance();
     ProductsModel::destroyInstance();
 }
 
 template<typename Model>
-constexpr LibraryTable::Entry singleton(const char *name)
+constexpr LibraryTable::Entry singleton(const char *name, const char *file)
 {
-    return {name, &Singleton<Model>::open, &Singleton<Model>::close};
+    return {name, {file, nullptr}, &Singleton<Model>::open, &Singleton<Model>::close};
 }
 
 template<typename Model>
-constexpr LibraryTable::Entry owned(const char *name)
+constexpr LibraryTable::Entry owned(const char *name, const char *file)
 {
-    return {name, &Owned<Model>::open, &Owned<Model>::close};
+    return {name, {file, nullptr}, &Owned<Model>::open, &Owned<Model>::close};
 }
 
+// Radios and headsets rebuild a missing base file from their factory tables; the radios also
+// rewrite both files when the user file is missing. Headsets read a missing user file as empty.
 const LibraryTable::Entry s_libraries[] = {
-    singleton<AudioSystemsModel>("audiosystems"),
-    owned<BluetoothDevices>("bluetoothdevices"),
-    {"headsets", [] { return static_cast<QAbstractItemModel *>(NvrLibraries::headSets()); }, &NvrLibraries::destroyAll},
-    {"legendsconvert", [] { return static_cast<QAbstractItemModel *>(NvrLibraries::legends()); },
+    singleton<AudioSystemsModel>("audiosystems", "audiosystems.csv"),
+    owned<BluetoothDevices>("bluetoothdevices", "bluetoothdevices.csv"),
+    {"headsets",
+     {"headsetsbase.dat", nullptr},
+     [] { return static_cast<QAbstractItemModel *>(NvrLibraries::headSets()); },
      &NvrLibraries::destroyAll},
-    singleton<LowImpedanceIntercomsModel>("lowimpedance-intercoms"),
-    singleton<MusicSystemsModel>("musicsystems"),
-    owned<NonAircraftRadios>("non-aircraftradios"),
-    {"products", &openProducts, &closeProducts},
-    {"radios", &openRadios, &closeRadios},
-    owned<SerialDataDevices>("serialdatadevices"),
+    {"legendsconvert",
+     {"legendsconvert.dat", nullptr},
+     [] { return static_cast<QAbstractItemModel *>(NvrLibraries::legends()); },
+     &NvrLibraries::destroyAll},
+    singleton<LowImpedanceIntercomsModel>("lowimpedance-intercoms", "lowimpedance-intercoms.csv"),
+    singleton<MusicSystemsModel>("musicsystems", "musicsystems.csv"),
+    owned<NonAircraftRadios>("non-aircraftradios", "non-aircraftradios.csv"),
+    {"products", {"products.dat", nullptr}, &openProducts, &closeProducts},
+    {"radios", {"radiosbase.dat", "radiosuser.dat"}, &openRadios, &closeRadios},
+    owned<SerialDataDevices>("serialdatadevices", "serialdatadevices.csv"),
 };
 
 QStringList columnTitles(const QAbstractItemModel &model)
@@ -120,7 +149,8 @@ QByteArray csvLine(const QStringList &cells)
 {
     QStringList quoted;
     for (QString cell : cells) {
-        if (cell.contains(QLatin1Char(',')) || cell.contains(QLatin1Char('"')) || cell.contains(QLatin1Char('\n'))) {
+        if (cell.contains(QLatin1Char(',')) || cell.contains(QLatin1Char('"')) || cell.contains(QLatin1Char('\n'))
+            || cell.contains(QLatin1Char('\r'))) {
             cell.replace(QLatin1String("\""), QLatin1String("\"\""));
             cell = QLatin1Char('"') + cell + QLatin1Char('"');
         }
@@ -146,6 +176,38 @@ const LibraryTable::Entry *LibraryTable::find(const QString &name)
             return &entry;
     }
     return nullptr;
+}
+
+QString LibraryTable::problem(const Entry &library, const QString &dataDirectory)
+{
+    const QDir directory(dataDirectory);
+    QStringList missing;
+    for (const char *name : library.files) {
+        if (!name)
+            continue;
+        const QString fileName = QString::fromLatin1(name);
+        QFile file(directory.filePath(fileName));
+        if (!file.exists()) {
+            missing << fileName;
+            continue;
+        }
+        if (!file.open(QIODevice::ReadOnly))
+            return QStringLiteral("cannot read %1: %2").arg(file.fileName(), file.errorString());
+        if (fileName != s_productsFile)
+            continue;
+        QJsonParseError error;
+        readJson(file.fileName(), &error);
+        if (error.error != QJsonParseError::NoError) {
+            return QStringLiteral("%1 is not valid JSON: %2 at offset %3")
+                .arg(file.fileName(), error.errorString())
+                .arg(error.offset);
+        }
+    }
+    if (missing.isEmpty())
+        return QString();
+    return QStringLiteral("%1: %2 %3 not in %4")
+        .arg(QLatin1String(library.name), missing.join(QLatin1String(" and ")),
+             missing.size() == 1 ? QLatin1String("is") : QLatin1String("are"), dataDirectory);
 }
 
 QByteArray LibraryTable::toCsv(const QAbstractItemModel &model)

@@ -12,6 +12,9 @@ class QCommandLineParser;
  * The command-line tool: one command per run, its results on standard
  * output. run() returns the exit code: 0 on success, 1 when the work failed
  * (one line on standard error says what), 2 when the command line is wrong.
+ *
+ * Each command is a class of its own with a static run(tool, arguments);
+ * the helpers here are what all of them share.
  */
 class NvrTool
 {
@@ -22,31 +25,28 @@ public:
     ~NvrTool();
     int run(const QStringList &arguments);
 
-private:
-    int address(const QStringList &arguments);
-    int header(const QStringList &arguments);
-    int headerDecode(const QStringList &arguments);
-    int headerEncode(const QStringList &arguments);
-    int ports(const QStringList &arguments);
-    int wav(const QStringList &arguments);
-    int lib(const QStringList &arguments);
-    int lookup(const QStringList &arguments);
-
     /**
      * Parses a command's own arguments with the options every command takes
      * (--help, --data) added. False when the run ends here: help was shown
-     * or the line was wrong; m_exitCode tells which.
+     * or the line was wrong; exitCode() tells which.
      */
     bool parse(QCommandLineParser &parser, const QStringList &arguments, const QString &command,
                const QString &positional = QString());
-    /// Points the library at the data directory given with --data, if any.
-    bool useDataDirectory(const QString &directory);
+    int exitCode() const;
     /// The bytes of a file, or of standard input for "-".
     bool readInput(const QString &fileName, QByteArray &bytes);
 
+    /// Messages go to standard error on one line each, escaped().
     int fail(const QString &message);
     int usageError(const QString &message);
+    void warn(const QString &message);
     void print(const QByteArray &text);
+    /// text with every control character written as \xNN, so that one value stays on one line.
+    static QString escaped(const QString &text);
+
+private:
+    /// Points the library at the data directory given with --data, if any.
+    bool useDataDirectory(const QString &directory);
 
     QString m_dataDirectory;
     int m_exitCode = Success;

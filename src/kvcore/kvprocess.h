@@ -30,13 +30,21 @@ public:
 
     bool exec(const QString &commandLine);
 
+    /// Why the latest exec() failed, in the words it logged; empty after a success.
+    QString lastError() const;
+    /// The program's error output when the latest exec() failed on its exit code.
+    QString errorOutput() const;
     /// The line given to the latest exec(), as given.
     QString commandLine() const;
     int timeoutMs() const;
     void setTimeoutMs(int milliseconds);
 
 private:
+    bool failed(const QString &reason);
+
     QString m_commandLine;
+    QString m_lastError;
+    QString m_errorOutput;
     int m_timeoutMs = DefaultTimeoutMs;
 };
 

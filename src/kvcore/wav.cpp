@@ -4,6 +4,7 @@
 
 #include "kvhex.h"
 
+#include <QCoreApplication>
 #include <QFile>
 #include <QSaveFile>
 
@@ -33,7 +34,8 @@ QByteArray canonicalHeader(QByteArray fmt, int sampleBytes)
     QByteArray header;
     header.reserve(Wav::HeaderSize);
     header += "RIFF";
-    header += KvHex::UintToBuffer(quint32(Wav::HeaderSize - 8 + sampleBytes));
+    // The RIFF size counts the padding byte that follows an odd count of samples bytes.
+    header += KvHex::UintToBuffer(quint32(Wav::HeaderSize - 8 + sampleBytes + (sampleBytes & 1)));
     header += "WAVEfmt ";
     header += KvHex::UintToBuffer(fmtSize);
     header += fmt.left(fmtSize);
@@ -46,8 +48,11 @@ QByteArray canonicalImage(const QByteArray &fmt, const char *samples, int count)
 {
     QByteArray image = canonicalHeader(fmt, count);
     if (!image.isEmpty()) {
-        image.reserve(Wav::HeaderSize + count);
+        image.reserve(Wav::HeaderSize + count + 1);
         image.append(samples, count);
+        // Readers expect the next chunk at an even offset; an odd count is followed by a padding byte.
+        if (count & 1)
+            image.append('\0');
     }
     return image;
 }
@@ -63,13 +68,24 @@ QByteArray defaultFmt()
            + KvHex::UshortToBuffer(bits);
 }
 
-// Walks the RIFF chunks to "fmt " and "data"; nothing when the header is unusable.
+QString tr(const char *text)
+{
+    return QCoreApplication::translate("Wav", text);
+}
+
+// Walks the RIFF chunks to "fmt " and "data"; nothing, and why in error, when the header is unusable.
 // Samples cut short by the end of the file are kept as far as they go, as
 // players do with a recording that was interrupted.
-QByteArray parse(const QByteArray &file)
+QByteArray parse(const QByteArray &file, QString &error)
 {
-    if (file.size() < 12 || !file.startsWith("RIFF") || file.mid(8, 4) != "WAVE")
+    if (file.startsWith("RF64")) {
+        error = tr("it is an RF64 file (the WAV form for very large sounds)");
         return QByteArray();
+    }
+    if (file.size() < 12 || !file.startsWith("RIFF") || file.mid(8, 4) != "WAVE") {
+        error = tr("it is not a WAV file");
+        return QByteArray();
+    }
     QByteArray fmt;
     qint64 at = 12;
     while (at + 8 <= file.size()) {
@@ -77,21 +93,30 @@ QByteArray parse(const QByteArray &file)
         const qint64 size = KvHex::BufferToUint(file, int(at + 4));
         const qint64 body = at + 8;
         if (id == "fmt ") {
-            if (size < fmtSize || body + size > file.size())
+            if (size < fmtSize || body + size > file.size()) {
+                error = tr("its format chunk is damaged");
                 return QByteArray();
+            }
             fmt = file.mid(int(body), int(size));
         } else if (id == "data") {
-            if (fmt.isEmpty())
+            if (fmt.isEmpty()) {
+                error = tr("its sound data come before the format chunk");
                 return QByteArray();
+            }
             const int count = int(qMin(size, file.size() - body));
             const QByteArray header = canonicalHeader(fmt, count);
+            if (header.isEmpty()) {
+                error = tr("its format chunk names no channels, rate or block size");
+                return QByteArray();
+            }
             // Most files are canonical already: share their bytes rather than copy a large sound.
-            if (!header.isEmpty() && body + count == file.size() && file.startsWith(header))
+            if (body + count + (count & 1) == file.size() && file.startsWith(header))
                 return file;
             return canonicalImage(fmt, file.constData() + body, count);
         }
         at = body + size + (size & 1); // chunks are padded to an even length
     }
+    error = tr("it has no sound data chunk");
     return QByteArray();
 }
 }
@@ -104,19 +129,24 @@ Wav::~Wav() = default;
 
 bool Wav::saveFile(const QString &fileName)
 {
-    if (m_image.isEmpty())
+    m_errorString.clear();
+    if (m_image.isEmpty()) {
+        m_errorString = tr("there is no sound to save");
         return false;
+    }
     // Written aside and renamed, so a failed save never leaves half a file behind.
     QSaveFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    file.write(m_image);
-    return file.commit();
+    if (file.open(QIODevice::WriteOnly) && file.write(m_image) == m_image.size() && file.commit())
+        return true;
+    m_errorString = tr("cannot write %1: %2").arg(fileName, file.errorString());
+    return false;
 }
 
 bool Wav::setRawData(const QByteArray &data)
 {
-    m_image = parse(data);
+    QString reason;
+    m_image = parse(data, reason);
+    m_errorString = reason.isEmpty() ? QString() : tr("cannot read the sound: %1").arg(reason);
     return !m_image.isEmpty();
 }
 
@@ -131,9 +161,13 @@ bool Wav::readFile(const QString &fileName)
     QFile file(fileName);
     if (!file.open(QIODevice::ReadOnly)) {
         clear();
+        m_errorString = tr("cannot read %1: %2").arg(fileName, file.errorString());
         return false;
     }
-    return setRawData(file.readAll());
+    QString reason;
+    m_image = parse(file.readAll(), reason);
+    m_errorString = reason.isEmpty() ? QString() : tr("cannot read %1: %2").arg(fileName, reason);
+    return !m_image.isEmpty();
 }
 
 void Wav::clear()
@@ -184,7 +218,17 @@ qint64 Wav::durationMs() const
     return byteRate == 0 ? 0 : qint64(dataSize()) * 1000 / byteRate;
 }
 
+QString Wav::errorString() const
+{
+    return m_errorString;
+}
+
 QByteArray &Wav::image()
 {
     return m_image;
+}
+
+void Wav::setErrorString(const QString &text)
+{
+    m_errorString = text;
 }

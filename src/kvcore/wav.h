@@ -26,7 +26,9 @@ struct WavFormat
  * data. Files with other chunks (lists, facts, an extensible format chunk)
  * are read and rewritten into that canonical form, so the samples always
  * start at byte 44; a header that cannot be parsed is refused and leaves the
- * object empty. The samples are kept as they are: no format is converted.
+ * object empty, and errorString() says why. The samples are kept as they
+ * are: no format is converted. An odd count of sample bytes is followed by
+ * the padding byte that RIFF requires; dataSize() does not count it.
  *
  * setAudioData() on an empty object starts a mono 16-bit 22050 Hz PCM file.
  * Subclasses reimplement the virtual operations to add naming or checks.
@@ -58,13 +60,17 @@ public:
     WavFormat format() const;
     /// The playing time of the samples, rounded down to the millisecond.
     qint64 durationMs() const;
+    /// Why the latest read or save failed, naming the file; empty after a success.
+    QString errorString() const;
 
 protected:
     /// The file image for in-place edits of the samples; the header must stay canonical.
     QByteArray &image();
+    void setErrorString(const QString &text);
 
 private:
     QByteArray m_image;
+    QString m_errorString;
 };
 
 #endif

@@ -9,6 +9,7 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 /**
  * A WAV file in the form the product plays: importFile() turns any sound
@@ -21,6 +22,12 @@
  * the file is copied and read unchanged, so it must already be a WAV file.
  * With deviceFormat on, every sample is rewritten into the product's 14-bit
  * sample code after reading.
+ *
+ * A failed import leaves the object empty and errorString() says why: the
+ * source is missing, SoX is missing or refused it (in its own words), or,
+ * with SoX off, the file is not a PCM WAV file, whose copy would be
+ * unplayable. A sound without samples is refused either way. An import that
+ * cut the sound short tells so through cutNotice().
  */
 class NVRCORE_EXPORT NvrWav : public Wav
 {
@@ -32,6 +39,13 @@ public:
     /// Saves under saveFileName(fileName).
     bool saveFile(const QString &fileName) override;
     virtual bool importFile(const QString &fileName);
+
+    /// The source's length when the latest import cut it to trimSeconds(); 0 when nothing was cut.
+    qint64 cutFromMs() const;
+    /// "cut from 15.0 s to 11.0 s" after an import that cut the sound; empty otherwise.
+    QString cutNotice() const;
+    /// What of the sound differs from the import target ("2 channels", "44100 Hz", ...); empty when nothing.
+    QStringList formatDifferences() const;
 
     /**
      * fileName with its complete suffix (from the first dot of the name)
@@ -62,6 +76,10 @@ public:
     static int BufferToShort(const QByteArray &data);
 
 private:
+    bool convert(const QString &fileName, const QString &workFile);
+    /// False, with the reason, when a plain copy of fileName would not be a playable sound.
+    bool checkCopyable(const QString &fileName);
+    bool fail(const QString &reason);
     void convertToDeviceFormat();
 
     unsigned m_trimSeconds = 11;
@@ -69,6 +87,7 @@ private:
     unsigned m_sampleRate = 22050;
     bool m_deviceFormat = false;
     QString m_fileSuffix = QStringLiteral("kv37.wav");
+    qint64 m_cutFromMs = 0;
 };
 
 #endif

@@ -62,6 +62,7 @@ private Q_SLOTS:
         QVERIFY(makeSound("stereo.wav", stereo, "20"));
         QVERIFY(makeSound("my sounds/with blanks.wav", stereo, "3"));
         QVERIFY(makeSound("mono8.wav", "-r 8000 -b 8 -c 1", "3"));
+        QVERIFY(makeSound("eleven.wav", "-r 22050 -b 16 -c 1", "11"));
         // A compressed input exists only where the installed SoX writes it.
         makeSound("stereo.flac", stereo, "20");
     }
@@ -89,6 +90,8 @@ private Q_SLOTS:
         QTest::newRow("quoted blanks") << "printf \"%s|\" \"a b\" c" << 30000 << QByteArray("a b|c|") << "";
         QTest::newRow("exit code 3") << "sh -c \"echo partial; echo broken >&2; exit 3\"" << 30000
                                      << QByteArray("partial\n") << "sh returned 3: broken";
+        QTest::newRow("exit code 1") << "sh -c \"echo first >&2; echo second >&2; exit 1\"" << 30000 << QByteArray()
+                                     << "sh returned 1: first\nsecond";
         QTest::newRow("crash") << "sh -c \"kill -SEGV $$\"" << 30000 << QByteArray() << "sh crashed";
         QTest::newRow("missing program") << "\"/nonexistent/no such tool\" -x" << 30000 << QByteArray()
                                          << "Could not start /nonexistent/no such tool: ";
@@ -117,6 +120,8 @@ private Q_SLOTS:
         QCOMPARE(errors.size(), error.isEmpty() ? 0 : 1);
         if (!error.isEmpty())
             QVERIFY2(errors.first().startsWith(error), qPrintable(errors.first()));
+        // The caller gets the same reason as the log.
+        QCOMPARE(process.lastError(), errors.value(0));
     }
 
     void outputArrivesWhileRunning()
@@ -188,6 +193,9 @@ private Q_SLOTS:
                                            << samples;
         QTest::newRow("samples cut short") << riff(fmt) + "data" + KvHex::UintToBuffer(100) + samples << 2
                                            << samples;
+        // The canonical form pads an odd count, so the next chunk a writer appends is at an even offset.
+        QTest::newRow("odd count cut short") << riff(fmt) + "data" + KvHex::UintToBuffer(100) + samples.left(5) << 2
+                                             << samples.left(5);
         QTest::newRow("data before format") << riff(chunk("data", samples) + fmt) << 0 << QByteArray();
         QTest::newRow("no channels") << riff(chunk("fmt ", fmtBody(1, 0)) + chunk("data", samples)) << 0
                                      << QByteArray();
@@ -215,15 +223,18 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<qint64>("durationMs");
-        QTest::newRow("stereo 44.1 kHz, 20 s") << "stereo.wav" << qint64(11000);
-        QTest::newRow("8-bit mono, 3 s") << "mono8.wav" << qint64(3000);
-        QTest::newRow("FLAC") << "stereo.flac" << qint64(11000);
+        QTest::addColumn<QString>("cutNotice");
+        QTest::newRow("stereo 44.1 kHz, 20 s") << "stereo.wav" << qint64(11000) << "cut from 20.0 s to 11.0 s";
+        QTest::newRow("8-bit mono, 3 s") << "mono8.wav" << qint64(3000) << "";
+        QTest::newRow("exactly 11 s") << "eleven.wav" << qint64(11000) << "";
+        QTest::newRow("FLAC") << "stereo.flac" << qint64(11000) << "cut from 20.0 s to 11.0 s";
     }
 
     void importWithSox()
     {
         QFETCH(QString, name);
         QFETCH(qint64, durationMs);
+        QFETCH(QString, cutNotice);
         const QString source = input(name);
         if (!QFile::exists(source))
             QSKIP("the installed SoX does not write this format");
@@ -238,6 +249,7 @@ private Q_SLOTS:
         QCOMPARE(QVector<uint>({format.channels, format.bitsPerSample, format.sampleRate}),
                  QVector<uint>({1, 16, 22050}));
         QCOMPARE(wav.durationMs(), durationMs);
+        QCOMPARE(wav.cutNotice(), cutNotice);
         int loudest = 0;
         const QByteArray samples = wav.audioData();
         for (int i = 0; i < samples.size(); i += 2)
@@ -245,16 +257,60 @@ private Q_SLOTS:
         QVERIFY2(loudest > 8000, "the converted sound is silent");
     }
 
+    void importWithoutSox_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("format"); // SoX's options for the file
+        QTest::addColumn<QString>("refusal"); // empty: copied as it is
+        QTest::newRow("16-bit stereo") << "stereo.wav" << "" << "";
+        QTest::newRow("8-bit unsigned") << "mono8.wav" << "" << "";
+        QTest::newRow("24-bit, extensible header") << "pcm24.wav" << "-e signed -b 24" << "";
+        QTest::newRow("IMA ADPCM") << "ima.wav" << "-e ima-adpcm" << "ima.wav is IMA ADPCM, not PCM";
+        QTest::newRow("Microsoft ADPCM") << "ms.wav" << "-e ms-adpcm" << "ms.wav is Microsoft ADPCM, not PCM";
+        QTest::newRow("GSM") << "gsm.wav" << "-e gsm-full-rate" << "gsm.wav is GSM 6.10, not PCM";
+        QTest::newRow("A-law") << "alaw.wav" << "-e a-law" << "alaw.wav is A-law, not PCM";
+        QTest::newRow("float") << "float.wav" << "-e floating-point -b 32" << "float.wav is floating point, not PCM";
+        QTest::newRow("RF64") << "rf64.wav" << "" << "rf64.wav: it is an RF64 file";
+        QTest::newRow("no samples") << "silent.wav" << "" << "no sound in " + input("silent.wav");
+    }
+
     void importWithoutSox()
     {
-        m_options->setSoxLibraryEnabled(false);
-        const QString source = input("stereo.wav");
-        NvrWav wav;
-        QVERIFY(wav.importFile(source));
-        QCOMPARE(wav.rawData(), TestFiles::read(source));
-        QCOMPARE(TestFiles::read(NvrWav::workFileName(source)), TestFiles::read(source));
-        QCOMPARE(wav.durationMs(), qint64(20000));
+        QFETCH(QString, name);
+        QFETCH(QString, format);
+        QFETCH(QString, refusal);
 
+        m_options->setSoxLibraryEnabled(false);
+        const QString source = input(name);
+        if (!format.isEmpty())
+            QVERIFY(makeSound(name, "-r 8000 -c 1 " + format, "1"));
+        if (name == "rf64.wav") { // the 64-bit variant, as recorders write it for long takes
+            const QByteArray plain = TestFiles::read(input("mono8.wav"));
+            const QByteArray ds64 = chunk("ds64", QByteArray(28, '\0'));
+            QVERIFY(TestFiles::write(source, "RF64" + QByteArray(4, '\xff') + "WAVE" + ds64 + plain.mid(12)));
+        } else if (name == "silent.wav") {
+            QVERIFY(TestFiles::write(source, riff(chunk("fmt ", fmtBody(1, 1)) + chunk("data", QByteArray()))));
+        }
+        NvrWav wav;
+        QCOMPARE(wav.importFile(source), refusal.isEmpty());
+        const QString workFile = NvrWav::workFileName(source);
+        if (!refusal.isEmpty()) {
+            // Nothing is written that a player could not open.
+            QVERIFY(wav.isEmpty());
+            QVERIFY(!QFile::exists(workFile));
+            QVERIFY2(wav.errorString().contains(refusal), qPrintable(wav.errorString()));
+            return;
+        }
+        QCOMPARE(TestFiles::read(workFile), TestFiles::read(source));
+        Wav original;
+        QVERIFY(original.readFile(source));
+        QCOMPARE(wav.rawData(), original.rawData());
+    }
+
+    void importWithoutSoxTool()
+    {
+        NvrWav wav;
+        const QString source = input("stereo.wav");
         // Without the tool the import fails with the reason, after making the work folder.
         m_options->setSoxLibraryEnabled(true);
         QTemporaryDir elsewhere;
@@ -268,6 +324,7 @@ private Q_SLOTS:
         QCOMPARE(errors.size(), 1);
         QVERIFY2(errors.first().startsWith(QStringLiteral("Could not start %1/bin/sox.exe: ").arg(elsewhere.path())),
                  qPrintable(errors.first()));
+        QCOMPARE(wav.errorString(), QStringLiteral("SoX is not installed: %1/bin/sox.exe is missing").arg(elsewhere.path()));
     }
 
     void importRefusesBadInput_data()
@@ -275,16 +332,27 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name"); // "@" for the application directory
         QTest::addColumn<QByteArray>("bytes"); // null: no such file
         QTest::addColumn<bool>("sox");
+        QTest::addColumn<QString>("reason");
         const QByteArray wav = TestFiles::read(input("mono8.wav"));
-        const QList<QPair<const char *, QPair<QString, QByteArray>>> inputs = {
-            {"text named .wav", {"notes.wav", "not a sound at all\n"}},
-            {"missing file", {"missing.wav", QByteArray()}},
-            {"header cut short", {"cut.wav", wav.left(30)}},
-            {"source is the work file", {"@tmp/mono8.wav", wav}},
+        const QByteArray empty = riff(chunk("fmt ", fmtBody(1, 1)) + chunk("data", QByteArray()));
+        const struct
+        {
+            const char *row;
+            QString name;
+            QByteArray bytes;
+            QString withSox;
+            QString withoutSox;
+        } inputs[] = {
+            {"text named .wav", "notes.wav", "not a sound at all\n", "SoX could not convert " + input("notes.wav") + ": ",
+             "it is not a WAV file"},
+            {"missing file", "missing.wav", QByteArray(), "no such file: ", "no such file: "},
+            {"header cut short", "cut.wav", wav.left(30), "SoX could not convert", "its format chunk is damaged"},
+            {"source is the work file", "@tmp/mono8.wav", wav, "is the work file itself", "is the work file itself"},
+            {"no samples", "empty.wav", empty, "no sound in " + input("empty.wav"), "no sound in " + input("empty.wav")},
         };
         for (const auto &in : inputs) {
-            QTest::addRow("%s, SoX on", in.first) << in.second.first << in.second.second << true;
-            QTest::addRow("%s, SoX off", in.first) << in.second.first << in.second.second << false;
+            QTest::addRow("%s, SoX on", in.row) << in.name << in.bytes << true << in.withSox;
+            QTest::addRow("%s, SoX off", in.row) << in.name << in.bytes << false << in.withoutSox;
         }
     }
 
@@ -293,6 +361,7 @@ private Q_SLOTS:
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
         QFETCH(bool, sox);
+        QFETCH(QString, reason);
 
         m_options->setSoxLibraryEnabled(sox);
         const QString source = name.startsWith('@') ? TestAppDir::filePath(name.mid(1)) : input(name);
@@ -302,6 +371,7 @@ private Q_SLOTS:
         wav.setAudioData("stale");
         QVERIFY(!wav.importFile(source));
         QVERIFY(wav.isEmpty());
+        QVERIFY2(wav.errorString().contains(reason), qPrintable(wav.errorString()));
         QCOMPARE(QFile::exists(source), !bytes.isNull());
         QCOMPARE(TestFiles::read(source), bytes.isNull() ? QByteArray() : bytes);
     }

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nevra.h"
 #include "classes/productdataheader.h"
+#include "kvcrc.h"
 #include "testappdir.h"
 #include "testfiles.h"
 #include "wav.h"
@@ -71,8 +72,18 @@ private Q_SLOTS:
                                                     "synth", "0.5", "sine", "440"}),
                  0);
         QVERIFY(TestFiles::write(path("notes.txt"), "no sound in here\n"));
+        QCOMPARE(QProcess::execute(sox, QStringList{"-n", "-r", "8000", "-e", "ima-adpcm", path("adpcm.wav"), "synth",
+                                                    "0.5", "sine", "440"}),
+                 0);
+        Wav silent;
+        silent.setAudioData(QByteArray());
+        QVERIFY(silent.saveFile(path("silent.wav")));
         QVERIFY(TestFiles::write(path("file"), "a regular file, no folder"));
         QVERIFY(TestFiles::write(path("levels.ini"), "[volume]\ncount=4\n0=Off,00\n1=5,0A\n2=10,114\n3=20,1E\ndefault=Off\n"));
+        // Data folders that hold nothing, or a products file cut off in the middle.
+        QDir(m_dir.path()).mkpath("empty/nevradat");
+        QDir(m_dir.path()).mkpath("broken/nevradat");
+        QVERIFY(TestFiles::write(path("broken/nevradat/products.dat"), R"({"kvlproducts": {"products": [)"));
     }
 
     void cleanupTestCase() { TestAppDir::cleanup(); }
@@ -111,15 +122,34 @@ private Q_SLOTS:
         QTest::newRow("header unwritable") << encode + QStringList{"-o", "@file/h.bin"} << none << 1
                                            << QByteArray("cannot write");
 
-        QTest::newRow("wav not a sound")
-            << QStringList{"wav", "import", "@notes.txt", "-o", "@x.wav", "--data", "@data"} << none << 1
-            << QByteArray("cannot import");
+        const QStringList wav = {"wav", "import", "-o", "@x.wav", "--data", "@data"};
+        QTest::newRow("wav input missing") << wav + QStringList{"@none.wav"} << none << 1
+                                           << QByteArray("no such file: ");
+        QTest::newRow("wav not a sound") << wav + QStringList{"@notes.txt"} << none << 1
+                                         << QByteArray("SoX could not convert " + path("notes.txt").toUtf8()
+                                                       + ": formats: no handler for file extension `txt'");
+        QTest::newRow("wav without SoX installed")
+            << QStringList{"wav", "import", "@tone.wav", "-o", "@x.wav", "--data", "@empty/nevradat"} << none << 1
+            << QByteArray("SoX is not installed: ");
+        QTest::newRow("wav compressed, SoX off") << wav + QStringList{"@adpcm.wav", "--no-sox"} << none << 1
+                                                 << QByteArray("adpcm.wav is IMA ADPCM, not PCM");
+        QTest::newRow("wav without samples") << wav + QStringList{"@silent.wav"} << none << 1
+                                             << QByteArray("no sound in " + path("silent.wav").toUtf8());
         QTest::newRow("wav unwritable")
             << QStringList{"wav", "import", "@tone.wav", "-o", "@file/x.wav", "--data", "@data"} << none << 1
-            << QByteArray("cannot write");
+            << QByteArray("cannot write " + path("file/x.kv37.wav").toUtf8() + ": ");
 
         QTest::newRow("unknown library") << QStringList{"lib", "export", "headphones", "--data", "@data"} << none
-                                         << 1 << QByteArray("unknown library: headphones");
+                                         << 2 << QByteArray("unknown library: headphones");
+        // Radios would rebuild both files and the CSV libraries would print an empty table.
+        QTest::newRow("radio files missing") << QStringList{"lib", "export", "radios", "--data", "@empty/nevradat"}
+                                             << none << 1
+                                             << QByteArray("radios: radiosbase.dat and radiosuser.dat are not in");
+        QTest::newRow("CSV library missing")
+            << QStringList{"lib", "export", "musicsystems", "--data", "@empty/nevradat"} << none << 1
+            << QByteArray("musicsystems: musicsystems.csv is not in");
+        QTest::newRow("products not JSON") << QStringList{"lib", "export", "products", "--data", "@broken/nevradat"}
+                                           << none << 1 << QByteArray("products.dat is not valid JSON: ");
 
         QTest::newRow("lookup group missing") << QStringList{"lookup", "@levels.ini", "balance", "1"} << none << 1
                                               << QByteArray("no entries in group balance");
@@ -140,6 +170,7 @@ private Q_SLOTS:
         QVERIFY2(result.err.contains(needle), result.err);
         QVERIFY(result.out.isEmpty());
         QVERIFY(!QFile::exists(path("h.bin")) && !QFile::exists(path("x.kv37.wav")));
+        QVERIFY(QDir(path("empty/nevradat")).isEmpty());
     }
 
     void addressCodes()
@@ -195,13 +226,21 @@ private Q_SLOTS:
         QVERIFY2(programmed.contains("Build Configuration: A\n") && !programmed.contains("Modified: none"),
                  programmed);
 
-        // A changed model byte breaks the header CRC: reported, yet still decoded.
+        // A changed model byte breaks the header CRC: still decoded, but the run fails. Control
+        // characters in a field must not break the one-field-a-line output.
         QByteArray damaged = bytes;
-        damaged[0] = 'X';
+        damaged.replace(0, 3, "X\n\x85");
         QVERIFY(TestFiles::write(raw, damaged));
-        QByteArray out = output({"header", "decode", raw});
-        QVERIFY2(out.contains("Product Model: XV-37 PANEL\n") && out.contains(" (mismatch, calculated 0x"), out);
-        QVERIFY(output({"header", "decode", "--html", raw}).startsWith("<table"));
+        const auto crcText = [](quint32 crc) { return "0x" + QByteArray::number(crc, 16).toUpper().rightJustified(8, '0'); };
+        for (const char *form : {"--html", "--"}) {
+            const Result result = run({"header", "decode", form, raw});
+            QCOMPARE(result.exitCode, 1);
+            QCOMPARE(result.err, "nvrtool: header CRC mismatch in " + raw.toUtf8() + ": stored " + crcText(header.headerCrc)
+                                     + ", calculated " + crcText(KvCrc::crc32(damaged, 28)) + "\n");
+            QVERIFY2(result.out.startsWith(qstrcmp(form, "--html") == 0 ? "<table"
+                                                                         : "Product Model: X\\x0a\\x8537 PANEL\nSerial"),
+                     result.out);
+        }
     }
 
     void portsFollowTheLinks()
@@ -230,41 +269,63 @@ private Q_SLOTS:
         QCOMPARE(device.size(), plain.size());
         QVERIFY(device != plain);
 
-        // Without SoX the file is taken as it is.
-        output({"wav", "import", "@tone.wav", "--no-sox", "-o", "@copy.wav", "--data", "@data"});
+        // Without SoX the file is taken as it is, with a word on what the product would not play.
+        Result result = run({"wav", "import", "@tone.wav", "--no-sox", "-o", "@copy.wav", "--data", "@data"});
+        QCOMPARE(result.exitCode, 0);
         QCOMPARE(TestFiles::read(path("copy.kv37.wav")), TestFiles::read(path("tone.wav")));
+        QVERIFY2(result.err.startsWith("nvrtool: warning: ") && result.err.endsWith(": 2 channels, 44100 Hz\n"),
+                 result.err);
+
+        // A sound longer than the product keeps is cut, and the tool says so.
+        QCOMPARE(QProcess::execute(QStandardPaths::findExecutable("sox"),
+                                   {"-n", "-r", "22050", "-b", "16", "-c", "1", path("long.wav"), "synth", "15", "sine",
+                                    "440"}),
+                 0);
+        result = run({"wav", "import", "@long.wav", "-o", "@long.wav", "--data", "@data"});
+        QCOMPARE(result.exitCode, 0);
+        QCOMPARE(result.err, "nvrtool: warning: " + path("long.wav").toUtf8() + " cut from 15.0 s to 11.0 s\n");
     }
 
     void libraryExport()
     {
+        // The file escapes a quote with a backslash, which the library keeps in the cell; the export
+        // doubles the quote as CSV readers expect.
         const QByteArray csv = "Id,Name,Company,Model,Vrms,Note\n"
                                "3,Factory,Acme,Box 1,0.5,\"loud, clear\"\n"
-                               "200,Mine,Own,Say hi,0.7,\n";
+                               "200,Mine,Own,Say \\\"hi\\\",0.7,\n";
         QVERIFY(TestFiles::write(path("nevradat/bluetoothdevices.csv"), csv));
         QVERIFY(TestFiles::write(path("nevradat/products.dat"),
                           R"({"kvlproducts": {"products": [{"productNumber": "11-100", "startBuildConfigRev": "A",
                               "endBuildConfigRev": "C", "hardwareConfiguration": "2"}]}})"));
         QVERIFY(TestFiles::write(path("nevradat/legendsconvert.dat"), "[LegendsConvert]\ncount=1\n0=COM1, COM 1\n"));
 
-        QCOMPARE(output({"lib", "export", "bluetoothdevices", "--data", "@data"}), csv);
+        QCOMPARE(output({"lib", "export", "bluetoothdevices", "--data", "@data"}),
+                 QByteArray(csv).replace("Say \\\"hi\\\"", "\"Say \\\"\"hi\\\"\"\""));
         const QByteArray json = output({"lib", "export", "bluetoothdevices", "--format", "json", "--data", "@data"});
         const QJsonArray rows = QJsonDocument::fromJson(json).array();
         QCOMPARE(rows.size(), 2);
         QCOMPARE(rows.at(1).toObject().value("Id").toString(), QStringLiteral("200"));
         QCOMPARE(rows.at(0).toObject().value("Note").toString(), QStringLiteral("loud, clear"));
+        QCOMPARE(rows.at(1).toObject().value("Model").toString(), QStringLiteral("Say \\\"hi\\\""));
 
         // The products file is found from the working directory, which the tool moves to the data's parent.
         QCOMPARE(output({"lib", "export", "products", "--data", "@data"}),
                  QByteArray("Product Number,Starting Build Config Rev,Ending Build Config Rev,"
                             "Hardware Configuration\n11-100,A,C,2\n"));
 
-        // Without their files, radios and headsets start from their factory tables.
-        QByteArray out = output({"lib", "export", "radios", "--data", "@data"});
-        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n0,Radio Not Installed,"), out);
-        out = output({"lib", "export", "headsets", "--data", "@data"});
-        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n1,Default Headset,"), out);
-        out = output({"lib", "export", "legendsconvert", "--format", "json", "--data", "@data"});
+        QByteArray out = output({"lib", "export", "legendsconvert", "--format", "json", "--data", "@data"});
         QVERIFY2(out.contains("\"COM 1\""), out);
+
+        // Export only reads: the radio files, which the library rewrites when one is missing, stay as they are.
+        QVERIFY(TestFiles::write(path("nevradat/radiosbase.dat"), "[Rts]\ncount=1\n0=10, Acme, Com 1, 1, 0.50, Rx, "
+                                                                   "0.50, Tx, 1\n"));
+        QVERIFY(TestFiles::write(path("nevradat/radiosuser.dat"), "[Rts]\ncount=0\nautoincid=200\n"));
+        const QDir data(path("nevradat"));
+        const QStringList files = data.entryList(QDir::Files);
+        out = output({"lib", "export", "radios", "--data", "@data"});
+        QVERIFY2(out.startsWith("Id,Manufacturer,Model,") && out.contains("\n10,Acme,Com 1,"), out);
+        QCOMPARE(data.entryList(QDir::Files), files);
+        QCOMPARE(TestFiles::read(path("nevradat/radiosuser.dat")), QByteArray("[Rts]\ncount=0\nautoincid=200\n"));
     }
 
     void lookupNearestEntry()
