@@ -7,12 +7,14 @@
 #include "kvwaitcursor.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -84,7 +86,11 @@ AudioPage::AudioPage(QWidget *parent)
     connect(m_save, &QPushButton::clicked, this, &AudioPage::chooseSaveFile);
 }
 
-AudioPage::~AudioPage() = default;
+AudioPage::~AudioPage()
+{
+    for (const QString &workFile : std::as_const(m_workFiles))
+        QFile::remove(workFile);
+}
 
 bool AudioPage::importFile(const QString &fileName)
 {
@@ -93,6 +99,8 @@ bool AudioPage::importFile(const QString &fileName)
     // The window cannot paint while the conversion runs; show the status line before it starts.
     m_status->repaint();
     bool imported = false;
+    const QString workFile = QFileInfo(NvrWav::workFileName(fileName)).absoluteFilePath();
+    const bool existed = QFileInfo::exists(workFile);
     {
         KvWaitCursor wait;
         m_open->setEnabled(false);
@@ -101,7 +109,11 @@ bool AudioPage::importFile(const QString &fileName)
         m_open->setEnabled(true);
         Q_EMIT busyChanged(false);
     }
+    // A file that was there before is still this run's leftover once the conversion has replaced it.
+    if (QFileInfo::exists(workFile) && (imported || !existed))
+        m_workFiles.insert(workFile);
     m_source = imported ? fileName : QString();
+    m_unsaved = imported;
     m_savedAs->setText(nothing);
     showSound();
     if (imported)
@@ -123,6 +135,11 @@ bool AudioPage::saveFile(const QString &fileName)
         saved = m_wav->saveFile(fileName);
     }
     m_savedAs->setText(saved ? QDir::toNativeSeparators(target) : nothing);
+    if (saved) {
+        m_unsaved = false;
+        // Saved into the work folder under a work file's name: the user's file now, not a leftover.
+        m_workFiles.remove(QFileInfo(target).absoluteFilePath());
+    }
     if (saved)
         showStatus(tr("Saved as %1.").arg(QFileInfo(target).fileName()), false);
     else
@@ -130,8 +147,30 @@ bool AudioPage::saveFile(const QString &fileName)
     return saved;
 }
 
+bool AudioPage::maybeSave()
+{
+    if (!m_unsaved)
+        return true;
+    QMessageBox box(QMessageBox::Question, tr("Audio"),
+                    tr("The converted sound %1 has not been saved for the product.")
+                        .arg(QFileInfo(m_source).fileName()),
+                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
+    box.setInformativeText(tr("Do you want to save it?"));
+    box.setDefaultButton(QMessageBox::Save);
+    switch (box.exec()) {
+    case QMessageBox::Save:
+        return chooseSaveFile();
+    case QMessageBox::Discard:
+        return true;
+    default:
+        return false;
+    }
+}
+
 void AudioPage::chooseFile()
 {
+    if (!maybeSave())
+        return;
     const QString fileName = QFileDialog::getOpenFileName(
         this, tr("Open Sound File"), m_source.isEmpty() ? QDir::homePath() : QFileInfo(m_source).path(),
         tr("Sound files (*.wav *.mp3 *.flac *.ogg *.aif *.aiff *.au);;All files (*)"));
@@ -139,7 +178,7 @@ void AudioPage::chooseFile()
         importFile(fileName);
 }
 
-void AudioPage::chooseSaveFile()
+bool AudioPage::chooseSaveFile()
 {
     // Offer the product's name beside the source; the page does not move the file elsewhere by itself.
     const QFileInfo source(m_source);
@@ -148,8 +187,7 @@ void AudioPage::chooseSaveFile()
     const QString fileName = QFileDialog::getSaveFileName(
         this, tr("Save for the Product"), suggestion,
         tr("Product sound files (*.%1);;All files (*)").arg(m_wav->fileSuffix()));
-    if (!fileName.isEmpty())
-        saveFile(fileName);
+    return !fileName.isEmpty() && saveFile(fileName);
 }
 
 void AudioPage::showSound()

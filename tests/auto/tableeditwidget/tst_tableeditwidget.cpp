@@ -12,6 +12,7 @@
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QSortFilterProxyModel>
 #include <QTest>
 
 namespace {
@@ -182,6 +183,36 @@ private Q_SLOTS:
         QVERIFY(view.isColumnHidden(RtsTableModel::SelectStringColumn));
         QCOMPARE(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
         QCOMPARE(view.model()->index(0, 0).data(Qt::EditRole).toInt(), 14);
+    }
+
+    void sortOnTheFirstColumnIsKept()
+    {
+        // Column 0 is a column like any other: a saved sort on it comes back, in both orders.
+        RtsTableModel model;
+        model.insertFromStringsList({record(14, QStringLiteral("Zulu"), 1), record(71, QStringLiteral("Alpha"), 1),
+                                     record(30, QStringLiteral("Mike"), 1)});
+        for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+            {
+                QSortFilterProxyModel proxy;
+                proxy.setSourceModel(&model);
+                KvTableView view;
+                view.setObjectName(QStringLiteral("firstColumnView"));
+                view.setSortingEnabled(true);
+                view.setModel(&proxy);
+                view.sortByColumn(0, order);
+                view.saveSettings();
+            }
+            QSortFilterProxyModel proxy;
+            proxy.setSourceModel(&model);
+            KvTableView view;
+            view.setObjectName(QStringLiteral("firstColumnView"));
+            view.setSortingEnabled(true);
+            view.setModel(&proxy);
+            view.sortByColumn(1, Qt::AscendingOrder); // what the view shows before its settings are read
+            view.readSettings();
+            QCOMPARE(view.horizontalHeader()->sortIndicatorSection(), 0);
+            QCOMPARE(proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
+        }
     }
 };
 
