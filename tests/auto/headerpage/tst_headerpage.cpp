@@ -199,6 +199,7 @@ private Q_SLOTS:
         QTest::mouseClick(child<QPushButton>(&page, "newButton"), Qt::LeftButton);
         QCOMPARE(boxes.count(), 3);
         QVERIFY(source->text().startsWith(QLatin1String("New header")));
+        boxes.setAnswer(QMessageBox::Cancel);
         QVERIFY(!page.maybeSave());
         QCOMPARE(boxes.count(), 4);
     }
@@ -223,6 +224,7 @@ private Q_SLOTS:
         written.softwareVersion = version;
         QVERIFY(TestFiles::write(file, written.data()));
         HeaderPage page;
+        page.show();
         QVERIFY(page.openFile(file));
         const QString writer = child<QLabel>(&page, "writer")->text();
         QVERIFY2(writer.contains(version.isEmpty() ? QStringLiteral("unknown") : version), qPrintable(writer));
