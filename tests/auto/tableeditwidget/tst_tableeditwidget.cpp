@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "kvabstractdataobject.h"
+#include "kvsettings.h"
 #include "kvtableview.h"
 #include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
@@ -187,31 +188,37 @@ private Q_SLOTS:
 
     void sortOnTheFirstColumnIsKept()
     {
-        // Column 0 is a column like any other: a saved sort on it comes back, in both orders.
+        // Column 0 is a column like any other: a saved sort on it comes back in both orders, from a saved
+        // layout and from the sort keys alone (a layout without header state).
         RtsTableModel model;
-        model.insertFromStringsList({record(14, QStringLiteral("Zulu"), 1), record(71, QStringLiteral("Alpha"), 1),
-                                     record(30, QStringLiteral("Mike"), 1)});
-        for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
-            {
+        model.insertFromStringsList({record(14, QStringLiteral("Alpha"), 1), record(71, QStringLiteral("Mike"), 1),
+                                     record(30, QStringLiteral("Zulu"), 1)});
+        const QString name = QStringLiteral("firstColumnView");
+        for (const bool withHeader : {true, false}) {
+            for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+                {
+                    QSortFilterProxyModel proxy;
+                    proxy.setSourceModel(&model);
+                    KvTableView view;
+                    view.setObjectName(name);
+                    view.setSortingEnabled(true);
+                    view.setModel(&proxy);
+                    view.sortByColumn(0, order);
+                    view.saveSettings();
+                }
+                if (!withHeader)
+                    KvSettings().remove(QStringLiteral("tableviews/%1/header").arg(name));
                 QSortFilterProxyModel proxy;
                 proxy.setSourceModel(&model);
                 KvTableView view;
-                view.setObjectName(QStringLiteral("firstColumnView"));
+                view.setObjectName(name);
                 view.setSortingEnabled(true);
                 view.setModel(&proxy);
-                view.sortByColumn(0, order);
-                view.saveSettings();
+                view.sortByColumn(1, Qt::DescendingOrder); // what the view shows before its settings are read
+                view.readSettings();
+                QCOMPARE(view.horizontalHeader()->sortIndicatorSection(), 0);
+                QCOMPARE(proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
             }
-            QSortFilterProxyModel proxy;
-            proxy.setSourceModel(&model);
-            KvTableView view;
-            view.setObjectName(QStringLiteral("firstColumnView"));
-            view.setSortingEnabled(true);
-            view.setModel(&proxy);
-            view.sortByColumn(1, Qt::AscendingOrder); // what the view shows before its settings are read
-            view.readSettings();
-            QCOMPARE(view.horizontalHeader()->sortIndicatorSection(), 0);
-            QCOMPARE(proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
         }
     }
 };
