@@ -4,6 +4,7 @@
 
 #include "classes/nvroptions.h"
 #include "classes/nvrwav.h"
+#include "hostmessage.h"
 #include "kvwaitcursor.h"
 
 #include <QDir>
@@ -14,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -149,22 +149,11 @@ bool AudioPage::saveFile(const QString &fileName)
 
 bool AudioPage::maybeSave()
 {
-    if (!m_unsaved)
-        return true;
-    QMessageBox box(QMessageBox::Question, tr("Audio"),
-                    tr("The converted sound %1 has not been saved for the product.")
-                        .arg(QFileInfo(m_source).fileName()),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setInformativeText(tr("Do you want to save it?"));
-    box.setDefaultButton(QMessageBox::Save);
-    switch (box.exec()) {
-    case QMessageBox::Save:
-        return chooseSaveFile();
-    case QMessageBox::Discard:
-        return true;
-    default:
-        return false;
-    }
+    return !m_unsaved
+           || HostMessage::askToSave(this, tr("Audio"),
+                                     tr("The converted sound %1 has not been saved for the product.")
+                                         .arg(QFileInfo(m_source).fileName()),
+                                     [this] { return chooseSaveFile(); });
 }
 
 void AudioPage::chooseFile()

@@ -161,20 +161,9 @@ bool HeaderPage::saveFile(const QString &fileName)
 
 bool HeaderPage::maybeSave()
 {
-    if (!m_modified)
-        return true;
-    QMessageBox box(QMessageBox::Question, tr("Product Header"), tr("The product header has been changed."),
-                    QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel, this);
-    box.setInformativeText(tr("Do you want to save it?"));
-    box.setDefaultButton(QMessageBox::Save);
-    switch (box.exec()) {
-    case QMessageBox::Save:
-        return chooseSaveFile();
-    case QMessageBox::Discard:
-        return true;
-    default:
-        return false;
-    }
+    return !m_modified
+           || HostMessage::askToSave(this, tr("Product Header"), tr("The product header has been changed."),
+                                     [this] { return chooseSaveFile(); });
 }
 
 void HeaderPage::chooseFile()

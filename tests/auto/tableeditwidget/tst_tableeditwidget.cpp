@@ -193,31 +193,32 @@ private Q_SLOTS:
         RtsTableModel model;
         model.insertFromStringsList({record(14, QStringLiteral("Alpha"), 1), record(71, QStringLiteral("Mike"), 1),
                                      record(30, QStringLiteral("Zulu"), 1)});
-        const QString name = QStringLiteral("firstColumnView");
+        struct SortingView
+        {
+            explicit SortingView(QAbstractItemModel *source)
+            {
+                proxy.setSourceModel(source);
+                view.setObjectName(QStringLiteral("firstColumnView"));
+                view.setSortingEnabled(true);
+                view.setModel(&proxy);
+            }
+            QSortFilterProxyModel proxy;
+            KvTableView view;
+        };
         for (const bool withHeader : {true, false}) {
             for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
                 {
-                    QSortFilterProxyModel proxy;
-                    proxy.setSourceModel(&model);
-                    KvTableView view;
-                    view.setObjectName(name);
-                    view.setSortingEnabled(true);
-                    view.setModel(&proxy);
-                    view.sortByColumn(0, order);
-                    view.saveSettings();
+                    SortingView saved(&model);
+                    saved.view.sortByColumn(0, order);
+                    saved.view.saveSettings();
                 }
                 if (!withHeader)
-                    KvSettings().remove(QStringLiteral("tableviews/%1/header").arg(name));
-                QSortFilterProxyModel proxy;
-                proxy.setSourceModel(&model);
-                KvTableView view;
-                view.setObjectName(name);
-                view.setSortingEnabled(true);
-                view.setModel(&proxy);
-                view.sortByColumn(1, Qt::DescendingOrder); // what the view shows before its settings are read
-                view.readSettings();
-                QCOMPARE(view.horizontalHeader()->sortIndicatorSection(), 0);
-                QCOMPARE(proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
+                    KvSettings().remove(QStringLiteral("tableviews/firstColumnView/header"));
+                SortingView restored(&model);
+                restored.view.sortByColumn(1, Qt::DescendingOrder); // what the view shows before its settings are read
+                restored.view.readSettings();
+                QCOMPARE(restored.view.horizontalHeader()->sortIndicatorSection(), 0);
+                QCOMPARE(restored.proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
             }
         }
     }
