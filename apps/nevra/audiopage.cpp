@@ -139,11 +139,10 @@ bool AudioPage::saveFile(const QString &fileName)
         m_unsaved = false;
         // Saved into the work folder under a work file's name: the user's file now, not a leftover.
         m_workFiles.remove(QFileInfo(target).absoluteFilePath());
-    }
-    if (saved)
         showStatus(tr("Saved as %1.").arg(QFileInfo(target).fileName()), false);
-    else
+    } else {
         showStatus(tr("Could not save %1.").arg(QDir::toNativeSeparators(target)), true);
+    }
     return saved;
 }
 

@@ -34,8 +34,6 @@ public:
     /// What the Save button does once a name is chosen; the suffix becomes the product's.
     bool saveFile(const QString &fileName);
     const NvrWav *wav() const { return m_wav; }
-    /// True after an import that has not been saved since.
-    bool isModified() const { return m_unsaved; }
     /**
      * Offers to save a converted sound that was not saved (Save, Discard,
      * Cancel). Save asks for a file name; false when the user cancels or the

@@ -41,8 +41,6 @@ public:
     bool saveFile(const QString &fileName);
     const ProductDataHeader &header() const { return m_header; }
     bool hasHeader() const { return m_hasHeader; }
-    /// True after a change or a new header that has not been saved since.
-    bool isModified() const { return m_modified; }
     /**
      * Offers to save a changed header (Save, Discard, Cancel). Save asks for
      * a file name; false when the user cancels or the save fails.
