@@ -4,9 +4,11 @@
 
 #include "classes/nvroptions.h"
 #include "classes/nvrwav.h"
+#include "hostmessage.h"
 #include "kvwaitcursor.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFormLayout>
@@ -84,7 +86,11 @@ AudioPage::AudioPage(QWidget *parent)
     connect(m_save, &QPushButton::clicked, this, &AudioPage::chooseSaveFile);
 }
 
-AudioPage::~AudioPage() = default;
+AudioPage::~AudioPage()
+{
+    for (const QString &workFile : std::as_const(m_workFiles))
+        QFile::remove(workFile);
+}
 
 bool AudioPage::importFile(const QString &fileName)
 {
@@ -93,6 +99,8 @@ bool AudioPage::importFile(const QString &fileName)
     // The window cannot paint while the conversion runs; show the status line before it starts.
     m_status->repaint();
     bool imported = false;
+    const QString workFile = QFileInfo(NvrWav::workFileName(fileName)).absoluteFilePath();
+    const bool existed = QFileInfo::exists(workFile);
     {
         KvWaitCursor wait;
         m_open->setEnabled(false);
@@ -101,7 +109,11 @@ bool AudioPage::importFile(const QString &fileName)
         m_open->setEnabled(true);
         Q_EMIT busyChanged(false);
     }
+    // A file that was there before is still this run's leftover once the conversion has replaced it.
+    if (QFileInfo::exists(workFile) && (imported || !existed))
+        m_workFiles.insert(workFile);
     m_source = imported ? fileName : QString();
+    m_unsaved = imported;
     m_savedAs->setText(nothing);
     showSound();
     if (imported && m_wav->cutNotice().isEmpty())
@@ -122,15 +134,30 @@ bool AudioPage::saveFile(const QString &fileName)
         saved = m_wav->saveFile(fileName);
     }
     m_savedAs->setText(saved ? QDir::toNativeSeparators(target) : nothing);
-    if (saved)
+    if (saved) {
+        m_unsaved = false;
+        // Saved into the work folder under a work file's name: the user's file now, not a leftover.
+        m_workFiles.remove(QFileInfo(target).absoluteFilePath());
         showStatus(tr("Saved as %1.").arg(QFileInfo(target).fileName()), false);
-    else
+    } else {
         showStatus(tr("Could not save %1.").arg(QDir::toNativeSeparators(target)), true);
+    }
     return saved;
+}
+
+bool AudioPage::maybeSave()
+{
+    return !m_unsaved
+           || HostMessage::askToSave(this, tr("Audio"),
+                                     tr("The converted sound %1 has not been saved for the product.")
+                                         .arg(QFileInfo(m_source).fileName()),
+                                     [this] { return chooseSaveFile(); });
 }
 
 void AudioPage::chooseFile()
 {
+    if (!maybeSave())
+        return;
     const QString fileName = QFileDialog::getOpenFileName(
         this, tr("Open Sound File"), m_source.isEmpty() ? QDir::homePath() : QFileInfo(m_source).path(),
         tr("Sound files (*.wav *.mp3 *.flac *.ogg *.aif *.aiff *.au);;All files (*)"));
@@ -138,7 +165,7 @@ void AudioPage::chooseFile()
         importFile(fileName);
 }
 
-void AudioPage::chooseSaveFile()
+bool AudioPage::chooseSaveFile()
 {
     // Offer the product's name beside the source; the page does not move the file elsewhere by itself.
     const QFileInfo source(m_source);
@@ -147,8 +174,7 @@ void AudioPage::chooseSaveFile()
     const QString fileName = QFileDialog::getSaveFileName(
         this, tr("Save for the Product"), suggestion,
         tr("Product sound files (*.%1);;All files (*)").arg(m_wav->fileSuffix()));
-    if (!fileName.isEmpty())
-        saveFile(fileName);
+    return !fileName.isEmpty() && saveFile(fileName);
 }
 
 void AudioPage::showSound()

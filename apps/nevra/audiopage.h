@@ -3,6 +3,7 @@
 #ifndef NEVRA_AUDIOPAGE_H
 #define NEVRA_AUDIOPAGE_H
 
+#include <QSet>
 #include <QWidget>
 
 class NvrWav;
@@ -16,6 +17,10 @@ class QPushButton;
  *
  * The conversion blocks the window for as long as SoX runs (a few seconds
  * for a long file); busyChanged() brackets it.
+ *
+ * A converted sound that was not saved is not dropped without a question
+ * (maybeSave()), and the work files the page's conversions left in the
+ * application's "tmp" folder are removed with the page.
  */
 class AudioPage : public QWidget
 {
@@ -29,18 +34,27 @@ public:
     /// What the Save button does once a name is chosen; the suffix becomes the product's.
     bool saveFile(const QString &fileName);
     const NvrWav *wav() const { return m_wav; }
+    /**
+     * Offers to save a converted sound that was not saved (Save, Discard,
+     * Cancel). Save asks for a file name; false when the user cancels or the
+     * save fails.
+     */
+    bool maybeSave();
 
 Q_SIGNALS:
     void busyChanged(bool busy);
 
 private:
     void chooseFile();
-    void chooseSaveFile();
+    bool chooseSaveFile();
     void showSound();
     void showStatus(const QString &text, bool failure);
 
     NvrWav *m_wav;
     QString m_source;
+    bool m_unsaved = false;
+    /// Work files this page's conversions wrote; other programs' files in the folder are left alone.
+    QSet<QString> m_workFiles;
     QLabel *m_fileName;
     QLabel *m_length;
     QLabel *m_format;

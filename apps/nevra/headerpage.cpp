@@ -50,6 +50,7 @@ HeaderPage::HeaderPage(QWidget *parent)
       m_serial(fieldEdit(QStringLiteral("serialNumber"), HeaderFile::serialWidth, this)),
       m_buildConfiguration(fieldEdit(QStringLiteral("buildConfiguration"), HeaderFile::buildConfigurationWidth, this)),
       m_modStatus(new ModStatusWidget(this)),
+      m_writer(new QLabel(this)),
       m_view(new QTextBrowser(this)),
       m_open(button(tr("&Open Header..."), QStringLiteral("openButton"), this)),
       m_new(button(tr("&New Header"), QStringLiteral("newButton"), this)),
@@ -61,6 +62,8 @@ HeaderPage::HeaderPage(QWidget *parent)
     m_source->setWordWrap(true);
     m_buildConfiguration->setText(QStringLiteral("A"));
     m_modStatus->setObjectName(QStringLiteral("modStatus"));
+    m_writer->setObjectName(QStringLiteral("writer"));
+    m_writer->setWordWrap(true);
     m_view->setObjectName(QStringLiteral("view"));
     // The label column is narrow; the default wrap mode would break labels inside words.
     m_view->setWordWrapMode(QTextOption::WordWrap);
@@ -71,6 +74,7 @@ HeaderPage::HeaderPage(QWidget *parent)
     form->addRow(tr("S&erial number:"), m_serial);
     form->addRow(tr("&Build configuration:"), m_buildConfiguration);
     form->addRow(tr("Mods:"), m_modStatus);
+    form->addRow(tr("Written by:"), m_writer);
     auto *fieldButtons = new QHBoxLayout;
     fieldButtons->addWidget(m_new);
     fieldButtons->addWidget(m_punch);
@@ -100,6 +104,7 @@ HeaderPage::HeaderPage(QWidget *parent)
         connect(edit, &QLineEdit::textChanged, this, &HeaderPage::updateButtons);
     }
     connect(m_modStatus, &ModStatusWidget::modStatusChanged, this, &HeaderPage::modStatusEdited);
+    showWriter();
     updateButtons();
 }
 
@@ -129,6 +134,7 @@ bool HeaderPage::openFile(const QString &fileName)
     m_lastDirectory = QFileInfo(fileName).absolutePath();
     m_source->setText(tr("Opened from %1.").arg(shownName));
     showFields();
+    m_modified = false;
     showHeader();
     return true;
 }
@@ -147,29 +153,40 @@ bool HeaderPage::saveFile(const QString &fileName)
     }
     m_lastDirectory = QFileInfo(fileName).absolutePath();
     m_source->setText(tr("Saved to %1.").arg(shownName));
+    m_modified = false;
     showHeader();
     HostMessage::inform(this, tr("Save Product Header"), tr("The header was saved to %1.").arg(shownName));
     return true;
 }
 
+bool HeaderPage::maybeSave()
+{
+    return !m_modified
+           || HostMessage::askToSave(this, tr("Product Header"), tr("The product header has been changed."),
+                                     [this] { return chooseSaveFile(); });
+}
+
 void HeaderPage::chooseFile()
 {
+    if (!maybeSave())
+        return;
     const QString fileName = QFileDialog::getOpenFileName(this, tr("Open Product Header"), m_lastDirectory,
                                                           tr("Product headers (*.bin *.txt);;All files (*)"));
     if (!fileName.isEmpty())
         openFile(fileName);
 }
 
-void HeaderPage::chooseSaveFile()
+bool HeaderPage::chooseSaveFile()
 {
     const QString fileName = QFileDialog::getSaveFileName(this, tr("Save Product Header"), m_lastDirectory,
                                                           tr("Raw header (*.bin);;Hex text (*.txt)"));
-    if (!fileName.isEmpty())
-        saveFile(fileName);
+    return !fileName.isEmpty() && saveFile(fileName);
 }
 
 void HeaderPage::newHeader()
 {
+    if (!maybeSave())
+        return;
     m_header.setProductInfo(m_model->text(), m_serial->text(), m_modStatus->modStatus(),
                             m_buildConfiguration->text());
     m_hasHeader = true;
@@ -203,6 +220,7 @@ void HeaderPage::modStatusEdited(uint status)
 
 void HeaderPage::headerChanged()
 {
+    m_modified = true;
     m_header.data();
     showHeader();
 }
@@ -214,6 +232,7 @@ void HeaderPage::showHeader()
     m_header.output(stream);
     stream.flush();
     m_view->setHtml(html);
+    showWriter();
     updateButtons();
 }
 
@@ -223,6 +242,26 @@ void HeaderPage::showFields()
     m_serial->setText(m_header.serialNumber);
     m_buildConfiguration->setText(m_header.buildConfiguration);
     m_modStatus->setModStatus(m_header.modStatus);
+}
+
+void HeaderPage::showWriter()
+{
+    m_writer->setStyleSheet(QString());
+    if (!m_hasHeader) {
+        m_writer->setText(QStringLiteral("\u2014"));
+        return;
+    }
+    const QString version = m_header.softwareVersion.isEmpty() ? tr("an unknown version")
+                                                               : tr("version %1").arg(m_header.softwareVersion);
+    if (ProductDataHeader::carriesBuildConfiguration(m_header.softwareVersion)) {
+        m_writer->setText(version);
+        return;
+    }
+    // Such a header reads back with an assumed build configuration, whatever was typed here.
+    m_writer->setStyleSheet(QStringLiteral("color: #b3261e;"));
+    m_writer->setText(tr("%1, which did not store the build configuration, so it was assumed. Stamp the "
+                         "programming time to store it with this version.")
+                          .arg(version));
 }
 
 void HeaderPage::updateButtons()

@@ -21,7 +21,12 @@ class QTextBrowser;
  * (hex text for a ".txt" name, the raw record otherwise).
  *
  * A header as opened is shown as it is, a wrong CRC in red; any change
- * encodes it again, so what is shown is what Save writes.
+ * encodes it again, so what is shown is what Save writes. The version of
+ * the program that wrote the header is shown beside the fields, with a
+ * warning when that version did not store the build configuration.
+ *
+ * A changed header is not dropped without a question: opening another
+ * one or making a new one asks first (see maybeSave()).
  */
 class HeaderPage : public QWidget
 {
@@ -36,10 +41,15 @@ public:
     bool saveFile(const QString &fileName);
     const ProductDataHeader &header() const { return m_header; }
     bool hasHeader() const { return m_hasHeader; }
+    /**
+     * Offers to save a changed header (Save, Discard, Cancel). Save asks for
+     * a file name; false when the user cancels or the save fails.
+     */
+    bool maybeSave();
 
 private:
     void chooseFile();
-    void chooseSaveFile();
+    bool chooseSaveFile();
     void newHeader();
     void punchProgramTime();
     void fieldEdited();
@@ -48,16 +58,19 @@ private:
     void headerChanged();
     void showHeader();
     void showFields();
+    void showWriter();
     void updateButtons();
 
     ProductDataHeader m_header;
     bool m_hasHeader = false;
+    bool m_modified = false;
     QString m_lastDirectory;
     QLabel *m_source;
     QLineEdit *m_model;
     QLineEdit *m_serial;
     QLineEdit *m_buildConfiguration;
     ModStatusWidget *m_modStatus;
+    QLabel *m_writer;
     QTextBrowser *m_view;
     QPushButton *m_open;
     QPushButton *m_new;

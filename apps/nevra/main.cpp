@@ -2,15 +2,16 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "mainwindow.h"
 
+#include "classes/datafolderlock.h"
 #include "classes/nvroptions.h"
-#include "consoleappender.h"
-#include "fileappender.h"
+#include "hostlog.h"
 #include "kvcore.h"
 #include "logger.h"
 
 #include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
+#include <QMessageBox>
 
 #include <memory>
 
@@ -24,6 +25,29 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     }
     return std::make_unique<QApplication>(argc, argv);
 }
+
+/**
+ * Takes the data folder for this run. A folder another program holds is
+ * reported (log, terminal, and a box unless messages are off) and the host
+ * does not start: its saves would overwrite the other program's.
+ */
+bool lockDataFolder(DataFolderLock &lock, const NvrOptions &options)
+{
+    if (lock.tryLock())
+        return true;
+    if (!lock.isHeldElsewhere()) {
+        // A folder that cannot hold a lock file cannot take the libraries either; their saves say so.
+        LOG_WARNING(QStringLiteral("Starting without the data folder lock"));
+        return true;
+    }
+    const QString advice = QCoreApplication::translate(
+        "main", "Only one program at a time may change the libraries. Close it, then start Nevra again.");
+    LOG_ERROR(QStringLiteral("%1 %2").arg(lock.errorString(), advice));
+    if (options.showMessages())
+        QMessageBox::critical(nullptr, QCoreApplication::translate("main", "Nevra"),
+                              lock.errorString() + QLatin1Char('\n') + advice);
+    return false;
+}
 }
 
 int main(int argc, char **argv)
@@ -36,14 +60,7 @@ int main(int argc, char **argv)
     NvrOptions options(QCoreApplication::arguments());
     g_nvrOptions = &options;
 
-    ConsoleAppender console;
-    console.setDetailsLevel(LogRecord::Warning);
-    cuteLoggerInstance()->registerAppender(&console);
-    std::unique_ptr<FileAppender> logFile;
-    if (options.logEnabled()) {
-        logFile = std::make_unique<FileAppender>(options.logFileName());
-        cuteLoggerInstance()->registerAppender(logFile.get());
-    }
+    HostLog log(options);
     LOG_INFO(QStringLiteral("Nevra %1 started").arg(QCoreApplication::applicationVersion()));
     // The products library is looked up from the working directory; started from a desktop menu or a
     // link in bin/, that would be the user's home. Keep it beside the other libraries instead.
@@ -54,15 +71,17 @@ int main(int argc, char **argv)
     if (options.hideGui()) {
         LOG_INFO(QStringLiteral("Started without a window; exiting"));
     } else {
-        MainWindow window(&options);
-        window.show();
-        result = app->exec();
+        DataFolderLock lock(DataFolderLock::applicationDataFolder());
+        if (lockDataFolder(lock, options)) {
+            MainWindow window(&options);
+            window.show();
+            result = app->exec();
+        } else {
+            result = 1;
+        }
     }
 
     LOG_INFO(QStringLiteral("Nevra ended"));
-    cuteLoggerInstance()->removeAppender(&console);
-    if (logFile)
-        cuteLoggerInstance()->removeAppender(logFile.get());
     g_nvrOptions = nullptr;
     return result;
 }

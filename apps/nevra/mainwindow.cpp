@@ -3,6 +3,7 @@
 #include "mainwindow.h"
 
 #include "audiopage.h"
+#include "csvtextquestion.h"
 #include "headerpage.h"
 #include "optionspage.h"
 #include "picturepage.h"
@@ -57,7 +58,7 @@ QString portText(int number)
 
 MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     : QMainWindow(parent), m_options(options), m_pageList(new QListWidget(this)), m_pages(new QStackedWidget(this)),
-      m_portStatus(new QLabel(this))
+      m_portStatus(new QLabel(this)), m_csvTextQuestion(std::make_unique<CsvTextQuestion>())
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(tr("Nevra"));
@@ -102,27 +103,29 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     addPage(new HeadSetsTableEditWidget(m_pages), tr("Headsets"),
             [] { return NvrLibraries::headSets()->askToSave(true); });
     addPage(new AudioSystemsTableEditWidget(m_pages), tr("Audio Systems"),
-            [] { return AudioSystemsModel::instance()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(AudioSystemsModel::instance()); });
     addPage(new LowImpedanceIntercomsTableEditWidget(m_pages), tr("Intercoms"),
-            [] { return LowImpedanceIntercomsModel::instance()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(LowImpedanceIntercomsModel::instance()); });
     addPage(new MusicSystemsTableEditWidget(m_pages), tr("Music Systems"),
-            [] { return MusicSystemsModel::instance()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(MusicSystemsModel::instance()); });
     addPage(new BluetoothDevicesTableEditWidget(m_pages), tr("Bluetooth Devices"),
-            [] { return NvrLibraries::bluetoothDevices()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(NvrLibraries::bluetoothDevices()); });
     addPage(new NonAircraftRadiosTableEditWidget(m_pages), tr("Non-Aircraft Radios"),
-            [] { return NvrLibraries::nonAircraftRadios()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(NvrLibraries::nonAircraftRadios()); });
     addPage(new SerialDataDevicesTableEditWidget(m_pages), tr("Serial Data Devices"),
-            [] { return NvrLibraries::serialDataDevices()->askToSave(true); });
+            [] { return CsvTextQuestion::askToSave(NvrLibraries::serialDataDevices()); });
     addPage(new LegendsConvertTableEditWidget(m_pages), tr("Legends"),
             [] { return NvrLibraries::legends()->askToSave(true); });
     addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
             [] { return ProductsFile::instance()->maybeSave(); });
     addSection(tr("Product"));
-    addPage(new HeaderPage(m_pages), tr("Product Header"));
+    auto *headerPage = new HeaderPage(m_pages);
+    addPage(headerPage, tr("Product Header"), [headerPage] { return headerPage->maybeSave(); });
     addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
     addPage(new PicturePage(m_pages), tr("Picture"));
     addSection(tr("Tools"));
-    addPage(new AudioPage(this), tr("Audio"));
+    auto *audioPage = new AudioPage(this);
+    addPage(audioPage, tr("Audio"), [audioPage] { return audioPage->maybeSave(); });
     addPage(new OptionsPage(m_options, m_pages), tr("Options"));
     // Wide enough for the longest title, and no wider: the pages need the room.
     m_pageList->setFixedWidth(m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + 24);

@@ -6,7 +6,9 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <memory>
 
+class CsvTextQuestion;
 class NvrOptions;
 class QLabel;
 class QListWidget;
@@ -59,6 +61,8 @@ private:
     QStackedWidget *m_pages;
     QLabel *m_portStatus;
     QList<std::function<bool()>> m_savePrompts;
+    /// Asks before a CSV library is saved with text its file cannot keep.
+    std::unique_ptr<CsvTextQuestion> m_csvTextQuestion;
     TerminalPage *m_terminal = nullptr;
     bool m_painted = false;
 };

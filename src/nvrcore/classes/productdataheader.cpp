@@ -174,10 +174,8 @@ bool ProductDataHeader::setData(const QByteArray &bytes)
     programTime = KvHex::BufferToUint(bytes, programTimeOffset);
     productDataCrc = KvHex::BufferToUint(bytes, productDataCrcOffset);
 
-    const QVersionNumber version = QVersionNumber::fromString(softwareVersion);
-    LOG_INFO(QStringLiteral("Read Header Version: %1").arg(version.toString()));
-    if (version.segmentCount() >= 2 && version.majorVersion() >= 0
-        && version.minorVersion() > lastVersionWithoutBuildConfig) {
+    LOG_INFO(QStringLiteral("Read Header Version: %1").arg(QVersionNumber::fromString(softwareVersion).toString()));
+    if (carriesBuildConfiguration(softwareVersion)) {
         buildConfiguration = field(bytes, buildConfigOffset, buildConfigWidth);
     } else {
         buildConfiguration = QStringLiteral("A");
@@ -188,6 +186,13 @@ bool ProductDataHeader::setData(const QByteArray &bytes)
     m_valid = true;
     Q_EMIT changed();
     return true;
+}
+
+bool ProductDataHeader::carriesBuildConfiguration(const QString &softwareVersion)
+{
+    const QVersionNumber version = QVersionNumber::fromString(softwareVersion);
+    return version.segmentCount() >= 2 && version.majorVersion() >= 0
+           && version.minorVersion() > lastVersionWithoutBuildConfig;
 }
 
 int ProductDataHeader::headerSize() const

@@ -43,6 +43,8 @@ public:
     void clearProgramTime();
     QDateTime createdDateTime() const;
     QDateTime lastProgrammedDateTime() const;
+    /// Whether a header written by this version holds its build configuration (versions after x.69).
+    static bool carriesBuildConfiguration(const QString &softwareVersion);
 
 public Q_SLOTS:
     void clear() override;

@@ -21,6 +21,12 @@ constexpr int MaxRecords = 256;
 
 const QString newCompany = QStringLiteral("Company");
 const QString newModel = QStringLiteral("New Model");
+
+NvrCsvModel::SaveCheck &saveCheck()
+{
+    static NvrCsvModel::SaveCheck check;
+    return check;
+}
 }
 
 NvrCsvModel::NvrCsvModel(QObject *parent) : CsvModel(parent)
@@ -180,8 +186,15 @@ bool NvrCsvModel::removeRows(int row, int count, const QModelIndex &parent)
     return true;
 }
 
+void NvrCsvModel::setSaveCheck(const SaveCheck &check)
+{
+    saveCheck() = check;
+}
+
 bool NvrCsvModel::submit()
 {
+    if (saveCheck() && !saveCheck()(this))
+        return false;
     const bool result = CsvModel::submit();
     if (result)
         m_modified = false;

@@ -7,6 +7,8 @@
 
 #include <QHash>
 
+#include <functional>
+
 /**
  * The common base of the equipment libraries kept as CSV files. Columns 0 to
  * 3 are the record id, a display name (shown as company and model), the
@@ -48,6 +50,14 @@ public:
      * saved, or when discarded (the edits then stay in memory); false on Cancel.
      */
     bool askToSave(const bool &canCancel);
+
+    /**
+     * Asked with the model before every save of any CSV library; a save it
+     * refuses does not happen: submit() returns false and the changes stay.
+     * None by default; a host sets it to question what the file cannot keep.
+     */
+    using SaveCheck = std::function<bool(NvrCsvModel *model)>;
+    static void setSaveCheck(const SaveCheck &check);
 
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     bool setData(const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override;

@@ -3,6 +3,7 @@
 #include "fulldisk.h"
 #include "modeltester.h"
 #include "models/csvmodel.h"
+#include "models/csvtextloss.h"
 #include "testfiles.h"
 
 #include <QBuffer>
@@ -10,6 +11,8 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <memory>
 
 using Table = QList<QStringList>;
 
@@ -246,6 +249,35 @@ private Q_SLOTS:
         QCOMPARE(table(model), (Table{{"a", "b"}, {"c", "d"}}));
         QCOMPARE(changed.count(), 1);
         QCOMPARE(changed.at(0).at(1).toModelIndex(), model.index(1, 1));
+    }
+
+    void textTheFileCannotKeep_data()
+    {
+        QTest::addColumn<QString>("cell");
+        QTest::addColumn<QString>("lost"); // empty: the cell comes back as it is
+        QTest::newRow("ascii") << QStringLiteral("Acme 7 (a-b/c) ~!") << QString();
+        QTest::newRow("backslash quote") << QStringLiteral("say \\\"hi") << QString();
+        QTest::newRow("latin-1 letter") << QStringLiteral("Caf\u00e9 12") << QStringLiteral("'\u00e9' (U+00E9)");
+        QTest::newRow("beyond latin-1") << QStringLiteral("5 \u20ac") << QStringLiteral("'\u20ac' (U+20AC)");
+        QTest::newRow("double quote") << QStringLiteral("12\" rack") << QStringLiteral("'\"' (U+0022)");
+        QTest::newRow("line break") << QStringLiteral("two\nlines") << QStringLiteral("U+000A");
+        QTest::newRow("ends in a backslash") << QStringLiteral("C:\\") << QStringLiteral("'\\' (U+005C)");
+    }
+
+    void textTheFileCannotKeep()
+    {
+        QFETCH(QString, cell);
+        QFETCH(QString, lost);
+        std::unique_ptr<CsvModel> model(load("\"Id\",\"Name\",\"Note\"\n\"1\",\"a\",\"b\"\n\"2\",\"c\",\"d\"\n"));
+        QVERIFY(model->setData(model->index(1, 1), cell));
+        const QByteArray before = csv(*model);
+        const CsvTextLoss loss = CsvTextLoss::find(*model);
+        QCOMPARE(loss.isValid() ? loss.characterText() : QString(), lost);
+        if (loss.isValid()) {
+            QCOMPARE(loss.row, 1);
+            QCOMPARE(loss.column, 1);
+        }
+        QCOMPARE(csv(*model), before); // looking changes nothing
     }
 };
 

@@ -164,6 +164,81 @@ private Q_SLOTS:
         QCOMPARE(encoded(page).size(), 56);
     }
 
+    void replacingAChangedHeaderAsks()
+    {
+        QTemporaryDir dir;
+        const QString first = dir.filePath(QStringLiteral("first.bin"));
+        const QString second = dir.filePath(QStringLiteral("second.bin"));
+        QVERIFY(TestFiles::write(first, headerBytes(QStringLiteral("KV-37"), 0x1)));
+        QVERIFY(TestFiles::write(second, headerBytes(QStringLiteral("KV-38"), 0x1)));
+        HeaderPage page;
+        page.show();
+        QVERIFY(page.openFile(first));
+        auto *serial = child<QLineEdit>(&page, "serialNumber");
+        serial->setFocus();
+        QTest::keyClick(serial, Qt::Key_5);
+        auto *source = child<QLabel>(&page, "source");
+
+        // Cancel keeps the changed header, from New as from Open (which then shows no file dialog).
+        MessageBoxRecorder boxes(QMessageBox::Cancel);
+        QTest::mouseClick(child<QPushButton>(&page, "newButton"), Qt::LeftButton);
+        QTest::mouseClick(child<QPushButton>(&page, "openButton"), Qt::LeftButton);
+        QCOMPARE(boxes.count(), 2);
+        QCOMPARE(boxes.last().buttons, QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel);
+        QVERIFY(source->text().startsWith(QLatin1String("Opened from")));
+        QCOMPARE(page.header().serialNumber, QStringLiteral("47115"));
+
+        boxes.setAnswer(QMessageBox::Discard);
+        FileDialogChooser chooser(second);
+        QTest::mouseClick(child<QPushButton>(&page, "openButton"), Qt::LeftButton);
+        QVERIFY(chooser.answered());
+        QCOMPARE(boxes.count(), 3);
+        QCOMPARE(page.header().productModel, QStringLiteral("KV-38"));
+
+        // A header as opened holds nothing to lose: New asks nothing, but the new header is unsaved work.
+        QTest::mouseClick(child<QPushButton>(&page, "newButton"), Qt::LeftButton);
+        QCOMPARE(boxes.count(), 3);
+        QVERIFY(source->text().startsWith(QLatin1String("New header")));
+        boxes.setAnswer(QMessageBox::Cancel);
+        QVERIFY(!page.maybeSave());
+        QCOMPARE(boxes.count(), 4);
+    }
+
+    void showsTheWritersVersion_data()
+    {
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<bool>("storesBuildConfiguration");
+        QTest::newRow("1.70.0") << QStringLiteral("1.70.0") << true;
+        QTest::newRow("1.69") << QStringLiteral("1.69") << false;
+        QTest::newRow("none") << QString() << false;
+    }
+
+    void showsTheWritersVersion()
+    {
+        QFETCH(QString, version);
+        QFETCH(bool, storesBuildConfiguration);
+        QTemporaryDir dir;
+        const QString file = dir.filePath(QStringLiteral("header.bin"));
+        ProductDataHeader written;
+        written.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0, QStringLiteral("B"));
+        written.softwareVersion = version;
+        QVERIFY(TestFiles::write(file, written.data()));
+        HeaderPage page;
+        page.show();
+        QVERIFY(page.openFile(file));
+        const QString writer = child<QLabel>(&page, "writer")->text();
+        QVERIFY2(writer.contains(version.isEmpty() ? QStringLiteral("unknown") : version), qPrintable(writer));
+        QCOMPARE(writer.contains(QLatin1String("did not store the build configuration")), !storesBuildConfiguration);
+        QCOMPARE(child<QLineEdit>(&page, "buildConfiguration")->text(),
+                 storesBuildConfiguration ? QStringLiteral("B") : QStringLiteral("A"));
+
+        // Stamping the programming time stores this version, and with it the build configuration.
+        QCoreApplication::setApplicationVersion(QStringLiteral("1.70.0"));
+        QTest::mouseClick(child<QPushButton>(&page, "punchButton"), Qt::LeftButton);
+        QCoreApplication::setApplicationVersion(QString());
+        QVERIFY(!child<QLabel>(&page, "writer")->text().contains(QLatin1String("did not store")));
+    }
+
     void savesBothFormsAndSaysSoUnlessMessagesAreOff()
     {
         QTemporaryDir dir;

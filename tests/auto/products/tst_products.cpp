@@ -158,6 +158,13 @@ private Q_SLOTS:
         QVERIFY(!model->isModified()); // loaded rows count as stored
         model->revert();
         QCOMPARE(model->rowCount(), 3);
+
+        // One plain edit of the loaded table is a change, and revert() takes exactly that edit back.
+        QVERIFY(model->setData(model->index(1, ProductsModel::EndRev), QStringLiteral("G")));
+        QVERIFY(model->isModified());
+        model->revert();
+        QVERIFY(!model->isModified());
+        QCOMPARE(productRows(), QStringList({"P A C 1", "Q\"x\" D F 2", "R - - -"}));
     }
 
     void saveAndLoad()

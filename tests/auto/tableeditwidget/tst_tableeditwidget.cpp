@@ -1,6 +1,7 @@
 // SPDX-FileCopyrightText: 2026 The nvrcore developers
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "kvabstractdataobject.h"
+#include "kvsettings.h"
 #include "kvtableview.h"
 #include "models/csvmodel.h"
 #include "models/rtssortfilterproxymodel.h"
@@ -14,6 +15,7 @@
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QSortFilterProxyModel>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -206,6 +208,43 @@ private Q_SLOTS:
         QVERIFY(view.isColumnHidden(RtsTableModel::SelectStringColumn));
         QCOMPARE(view.horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
         QCOMPARE(view.model()->index(0, 0).data(Qt::EditRole).toInt(), 14);
+    }
+
+    void sortOnTheFirstColumnIsKept()
+    {
+        // Column 0 is a column like any other: a saved sort on it comes back in both orders, from a saved
+        // layout and from the sort keys alone (a layout without header state).
+        RtsTableModel model;
+        model.insertFromStringsList({record(14, QStringLiteral("Alpha"), 1), record(71, QStringLiteral("Mike"), 1),
+                                     record(30, QStringLiteral("Zulu"), 1)});
+        struct SortingView
+        {
+            explicit SortingView(QAbstractItemModel *source)
+            {
+                proxy.setSourceModel(source);
+                view.setObjectName(QStringLiteral("firstColumnView"));
+                view.setSortingEnabled(true);
+                view.setModel(&proxy);
+            }
+            QSortFilterProxyModel proxy;
+            KvTableView view;
+        };
+        for (const bool withHeader : {true, false}) {
+            for (const Qt::SortOrder order : {Qt::DescendingOrder, Qt::AscendingOrder}) {
+                {
+                    SortingView saved(&model);
+                    saved.view.sortByColumn(0, order);
+                    saved.view.saveSettings();
+                }
+                if (!withHeader)
+                    KvSettings().remove(QStringLiteral("tableviews/firstColumnView/header"));
+                SortingView restored(&model);
+                restored.view.sortByColumn(1, Qt::DescendingOrder); // what the view shows before its settings are read
+                restored.view.readSettings();
+                QCOMPARE(restored.view.horizontalHeader()->sortIndicatorSection(), 0);
+                QCOMPARE(restored.proxy.index(0, 0).data(Qt::EditRole).toInt(), order == Qt::DescendingOrder ? 71 : 14);
+            }
+        }
     }
 };
 
