@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -50,6 +51,9 @@ bool PtyPair::start(int timeoutMs)
     const auto end = [](const QString &link) {
         return QStringLiteral("pty,raw,echo=0,link=%1").arg(link);
     };
+    // A killed socat leaves its links behind; they must not pass for the new ones.
+    QFile::remove(portA());
+    QFile::remove(portB());
     m_socat.setStandardOutputFile(QProcess::nullDevice());
     m_socat.setStandardErrorFile(QProcess::nullDevice());
     m_socat.start(QStringLiteral("socat"), {end(portA()), end(portB())});
@@ -77,6 +81,35 @@ void PtyPair::stop()
         m_socat.kill();
         m_socat.waitForFinished(3000);
     }
+}
+
+bool PtyPair::waitQueuedAtA(int count, int timeoutMs) const
+{
+    // The input queue belongs to the terminal, so a second descriptor sees it too.
+    const int fd = ::open(QFile::encodeName(portA()).constData(), O_RDONLY | O_NOCTTY | O_NONBLOCK);
+    if (fd < 0)
+        return false;
+    QElapsedTimer clock;
+    clock.start();
+    int queued = 0;
+    while ((::ioctl(fd, FIONREAD, &queued) != 0 || queued < count) && clock.elapsed() < timeoutMs)
+        QThread::msleep(2);
+    ::close(fd);
+    return queued >= count;
+}
+
+qint64 processCpuMs(qint64 pid)
+{
+    QFile stat(pid == 0 ? QStringLiteral("/proc/self/stat") : QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return 0;
+    // The fields after the parenthesised program name, which may hold blanks.
+    const QByteArray line = stat.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    if (fields.size() < 13)
+        return 0;
+    const qint64 ticks = fields.at(11).toLongLong() + fields.at(12).toLongLong();
+    return ticks * 1000 / ::sysconf(_SC_CLK_TCK);
 }
 
 bool PtyPair::openPeer()
