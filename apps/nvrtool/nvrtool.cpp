@@ -13,6 +13,7 @@
 #include "kvcore.h"
 #include "kvhex.h"
 #include "librarytable.h"
+#include "monitorcommand.h"
 #include "widgets/modstatuswidget.h"
 
 #include <QAbstractItemModel>
@@ -92,7 +93,7 @@ int NvrTool::run(const QStringList &arguments)
     parser.addOption({s_dataOption, QStringLiteral("Use the data directory <dir> instead of the one beside the tool."),
                       QStringLiteral("dir")});
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("address, header, ports, wav, lib or lookup; "
+                                 QStringLiteral("address, header, ports, wav, lib, lookup or monitor; "
                                                 "'nvrtool <command> --help' describes each."));
     // Everything after the command belongs to the command's own parser.
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
@@ -116,6 +117,7 @@ int NvrTool::run(const QStringList &arguments)
         {QStringLiteral("address"), &NvrTool::address}, {QStringLiteral("header"), &NvrTool::header},
         {QStringLiteral("ports"), &NvrTool::ports},     {QStringLiteral("wav"), &NvrTool::wav},
         {QStringLiteral("lib"), &NvrTool::lib},         {QStringLiteral("lookup"), &NvrTool::lookup},
+        {QStringLiteral("monitor"), &NvrTool::monitor},
     };
     for (const auto &command : commands) {
         if (command.first == rest.first())
@@ -456,6 +458,16 @@ int NvrTool::lookup(const QStringList &arguments)
               .arg(table.displayValues().at(index), Memory::IntToHexString(uchar(table.values().at(index))))
               .toUtf8());
     return Success;
+}
+
+int NvrTool::monitor(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    MonitorCommand::addOptions(parser);
+    if (!parse(parser, arguments, QStringLiteral("monitor")))
+        return m_exitCode;
+    MonitorCommand command;
+    return command.run(parser);
 }
 
 int NvrTool::fail(const QString &message)

@@ -31,6 +31,7 @@ private:
     int wav(const QStringList &arguments);
     int lib(const QStringList &arguments);
     int lookup(const QStringList &arguments);
+    int monitor(const QStringList &arguments);
 
     /**
      * Parses a command's own arguments with the options every command takes
