@@ -51,9 +51,6 @@ bool PtyPair::start(int timeoutMs)
     const auto end = [](const QString &link) {
         return QStringLiteral("pty,raw,echo=0,link=%1").arg(link);
     };
-    // A killed socat leaves its links behind; they must not pass for the new ones.
-    QFile::remove(portA());
-    QFile::remove(portB());
     m_socat.setStandardOutputFile(QProcess::nullDevice());
     m_socat.setStandardErrorFile(QProcess::nullDevice());
     m_socat.start(QStringLiteral("socat"), {end(portA()), end(portB())});
@@ -81,6 +78,10 @@ void PtyPair::stop()
         m_socat.kill();
         m_socat.waitForFinished(3000);
     }
+    // Gone with the device, as an adapter's names go when it is pulled. Left
+    // behind, a link would lead to whichever pseudo-terminal gets its number next.
+    QFile::remove(portA());
+    QFile::remove(portB());
 }
 
 bool PtyPair::waitQueuedAtA(int count, int timeoutMs) const
