@@ -38,7 +38,6 @@ public:
 
     /// Waits, without an event loop, until count bytes wait unread at portA().
     bool waitQueuedAtA(int count, int timeoutMs = 5000) const;
-    qint64 socatPid() const { return m_socat.processId(); }
 
     bool openPeer();
     void closePeer();
