@@ -5,6 +5,7 @@
 #include "hostmessage.h"
 
 #include "classes/nvroptions.h"
+#include "classes/seriallink.h"
 #include "classes/serialport.h"
 #include "widgets/consolewidget.h"
 
@@ -27,7 +28,8 @@ QString portName(int number)
 }
 
 TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
-    : QWidget(parent), m_options(options), m_console(new ConsoleWidget(this)), m_port(new SerialPort(this)),
+    : QWidget(parent), m_options(options), m_console(new ConsoleWidget(this)), m_link(new SerialLink(this)),
+      m_port(m_link->port()),
       m_connectAction(new QAction(tr("&Connect"), this)), m_disconnectAction(new QAction(tr("&Disconnect"), this)),
       m_quietTimer(new QTimer(this))
 {
@@ -61,6 +63,11 @@ TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
             showLine(line);
     });
     connect(m_port, &SerialPort::error, this, &TerminalPage::showLine);
+    connect(m_link, &SerialLink::connectionLost, this, [this](const QString &name) {
+        showLine(tr("%1 is gone; it reconnects when the device is back.").arg(name));
+        updateActions();
+    });
+    connect(m_link, &SerialLink::connectionRestored, this, &TerminalPage::updateActions);
     connect(m_options, &NvrOptions::comPortNumberChanged, this, &TerminalPage::portChanged);
     updateActions();
 
@@ -73,6 +80,7 @@ TerminalPage::~TerminalPage()
 {
     // The port would report its closing to a page that is half gone.
     m_port->disconnect(this);
+    m_link->disconnect(this);
 }
 
 bool TerminalPage::isConnected() const
@@ -103,8 +111,9 @@ QString TerminalPage::displayText(const QByteArray &bytes)
 void TerminalPage::connectPort()
 {
     m_answer.clear();
-    m_port->open(portName(m_options->comPortNumber()), QSerialPort::Baud9600, QSerialPort::NoParity,
-                 QSerialPort::Data8, QSerialPort::OneStop, SerialPort::Asynchronous);
+    if (!m_link->open(portName(m_options->comPortNumber()), QSerialPort::Baud9600, QSerialPort::NoParity,
+                      QSerialPort::Data8, QSerialPort::OneStop, SerialPort::Asynchronous))
+        showLine(m_link->errorString());
     updateActions();
 }
 
@@ -113,16 +122,16 @@ void TerminalPage::connectAtStart()
     connectPort();
     if (!isConnected()) {
         HostMessage::inform(this, tr("Connect"),
-                            tr("%1 could not be opened. Choose the configuration port in Tools > Options; "
+                            tr("%1 Choose the configuration port in Tools > Options; "
                                "-noconnect starts without connecting.")
-                                .arg(portName(m_options->comPortNumber())));
+                                .arg(m_link->errorString()));
     }
 }
 
 void TerminalPage::disconnectPort()
 {
     m_quietTimer->stop();
-    m_port->close();
+    m_link->close();
     updateActions();
 }
 
@@ -161,7 +170,7 @@ void TerminalPage::noAnswer()
 
 void TerminalPage::portChanged()
 {
-    if (!m_port->isOpen())
+    if (!m_port->isOpen() && !m_link->isWaiting())
         return;
     disconnectPort();
     connectPort();
@@ -170,8 +179,9 @@ void TerminalPage::portChanged()
 void TerminalPage::updateActions()
 {
     const bool open = m_port->isOpen();
+    // Disconnecting also ends the wait for a device that went away.
     m_connectAction->setEnabled(!open);
-    m_disconnectAction->setEnabled(open);
+    m_disconnectAction->setEnabled(open || m_link->isWaiting());
 }
 
 void TerminalPage::showLine(const QString &text)

@@ -10,6 +10,7 @@ class ConsoleWidget;
 class NvrOptions;
 class QAction;
 class QTimer;
+class SerialLink;
 class SerialPort;
 
 /**
@@ -23,6 +24,8 @@ class SerialPort;
  * The page opens COM<n> of the options' configuration port at 9600 baud,
  * 8 data bits, no parity, one stop bit; it connects on start when the
  * options say so and moves to another port when the options change it.
+ * When the device goes away the page says so once and reconnects by itself
+ * when the same device is back; a port that cannot be opened says why.
  */
 class TerminalPage : public QWidget
 {
@@ -63,6 +66,7 @@ private:
 
     NvrOptions *m_options;
     ConsoleWidget *m_console;
+    SerialLink *m_link;
     SerialPort *m_port;
     QAction *m_connectAction;
     QAction *m_disconnectAction;

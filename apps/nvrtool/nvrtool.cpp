@@ -7,6 +7,7 @@
 #include "kvcore.h"
 #include "libcommand.h"
 #include "lookupcommand.h"
+#include "monitorcommand.h"
 #include "portscommand.h"
 #include "wavcommand.h"
 
@@ -38,7 +39,7 @@ int NvrTool::run(const QStringList &arguments)
     parser.addOption({s_dataOption, QStringLiteral("Use the data directory <dir> instead of the one beside the tool."),
                       QStringLiteral("dir")});
     parser.addPositionalArgument(QStringLiteral("command"),
-                                 QStringLiteral("address, header, ports, wav, lib or lookup; "
+                                 QStringLiteral("address, header, ports, wav, lib, lookup or monitor; "
                                                 "'nvrtool <command> --help' describes each."));
     // Everything after the command belongs to the command's own parser.
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
@@ -65,6 +66,7 @@ int NvrTool::run(const QStringList &arguments)
         {QStringLiteral("wav"), &WavCommand::run},
         {QStringLiteral("lib"), &LibCommand::run},
         {QStringLiteral("lookup"), &LookupCommand::run},
+        {QStringLiteral("monitor"), &MonitorCommand::command},
     };
     for (const auto &command : commands) {
         if (command.first == rest.first())

@@ -10,6 +10,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
@@ -77,6 +78,39 @@ void PtyPair::stop()
         m_socat.kill();
         m_socat.waitForFinished(3000);
     }
+    // Gone with the device, as an adapter's names go when it is pulled. Left
+    // behind, a link would lead to whichever pseudo-terminal gets its number next.
+    QFile::remove(portA());
+    QFile::remove(portB());
+}
+
+bool PtyPair::waitQueuedAtA(int count, int timeoutMs) const
+{
+    // The input queue belongs to the terminal, so a second descriptor sees it too.
+    const int fd = ::open(QFile::encodeName(portA()).constData(), O_RDONLY | O_NOCTTY | O_NONBLOCK);
+    if (fd < 0)
+        return false;
+    QElapsedTimer clock;
+    clock.start();
+    int queued = 0;
+    while ((::ioctl(fd, FIONREAD, &queued) != 0 || queued < count) && clock.elapsed() < timeoutMs)
+        QThread::msleep(2);
+    ::close(fd);
+    return queued >= count;
+}
+
+qint64 processCpuMs(qint64 pid)
+{
+    QFile stat(pid == 0 ? QStringLiteral("/proc/self/stat") : QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return 0;
+    // The fields after the parenthesised program name, which may hold blanks.
+    const QByteArray line = stat.readAll();
+    const QList<QByteArray> fields = line.mid(line.lastIndexOf(')') + 2).split(' ');
+    if (fields.size() < 13)
+        return 0;
+    const qint64 ticks = fields.at(11).toLongLong() + fields.at(12).toLongLong();
+    return ticks * 1000 / ::sysconf(_SC_CLK_TCK);
 }
 
 bool PtyPair::openPeer()

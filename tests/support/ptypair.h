@@ -13,7 +13,8 @@
  * end can be read from the other, as over a null-modem cable. portA() is
  * meant for the code under test; the test plays the device on the other end
  * with the peer functions (a raw, non-blocking descriptor on portB()).
- * stop() ends socat, so that both ends lose their peer.
+ * stop() ends socat, so that both ends lose their peer, as a pulled adapter
+ * does; start() again brings the pair back under the same link paths.
  */
 class PtyPair
 {
@@ -35,6 +36,9 @@ public:
     QString deviceA() const;
     QString deviceB() const;
 
+    /// Waits, without an event loop, until count bytes wait unread at portA().
+    bool waitQueuedAtA(int count, int timeoutMs = 5000) const;
+
     bool openPeer();
     void closePeer();
     bool peerWrite(const QByteArray &bytes);
@@ -47,6 +51,9 @@ private:
     QString m_error;
     int m_peer = -1;
 };
+
+/// CPU time (user and system) a process used so far, in milliseconds; 0 for this process.
+qint64 processCpuMs(qint64 pid = 0);
 
 /// Starts the pair and opens its peer end, or fails the current test with socat's reason.
 #define START_PAIR(pair) QVERIFY2((pair).start() && (pair).openPeer(), qPrintable((pair).error()))

@@ -17,14 +17,17 @@ QString PortLinks::linkDirectory()
 
 QString PortLinks::resolve(const QString &name)
 {
-    static const QRegularExpression comName(QStringLiteral("^(?:\\\\\\\\\\.\\\\)?(COM\\d+)$"));
-    const QRegularExpressionMatch match = comName.match(name);
-    if (!match.hasMatch())
-        return name;
-    const QFileInfo link(QDir(linkDirectory()).filePath(match.captured(1)));
-    if (!link.exists())
+    const QFileInfo link(linkPath(name));
+    if (link.filePath().isEmpty() || !link.exists())
         return name;
     return link.canonicalFilePath();
+}
+
+QString PortLinks::linkPath(const QString &name)
+{
+    static const QRegularExpression comName(QStringLiteral("^(?:\\\\\\\\\\.\\\\)?(COM\\d+)$"));
+    const QRegularExpressionMatch match = comName.match(name);
+    return match.hasMatch() ? QDir(linkDirectory()).filePath(match.captured(1)) : QString();
 }
 
 QList<QPair<QString, QString>> PortLinks::links()

@@ -25,6 +25,8 @@ public:
      * existing link, the device the link points at; otherwise the name as given.
      */
     static QString resolve(const QString &name);
+    /// The link that stands for a "COM<n>" or "\\.\COM<n>" name, whether or not it exists; empty for other names.
+    static QString linkPath(const QString &name);
     /// The links present, as (port name "COM<n>", device) pairs in ascending order of n.
     static QList<QPair<QString, QString>> links();
 };

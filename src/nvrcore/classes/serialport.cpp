@@ -43,6 +43,7 @@ bool SerialPort::open(const QString &name, int baudRate, int parity, int dataBit
     if (m_port)
         close();
 
+    m_lossPending = false;
     m_port = new QSerialPort(PortLinks::resolve(name), this);
     m_name = name;
     m_port->setBaudRate(baudRate, QSerialPort::AllDirections);
@@ -57,6 +58,7 @@ bool SerialPort::open(const QString &name, int baudRate, int parity, int dataBit
         LOG_OPEN(Logger::Info)(QStringLiteral("[%1] Opened --> Baud=%2 Parity=%3 Data=%4 Stop=%5.")
                                    .arg(portName(), this->baudRate(), this->parity(), this->dataBits(),
                                         this->stopBits()));
+        connect(m_port, &QSerialPort::errorOccurred, this, [this](QSerialPort::SerialPortError e) { portError(e); });
         Q_EMIT opened(portName());
         result = true;
     } else {
@@ -76,6 +78,9 @@ void SerialPort::close()
 {
     if (!m_port)
         return;
+    m_lossPending = false;
+    // Closing a device that went away fails again; that is no news to anyone.
+    disconnect(m_port, &QSerialPort::errorOccurred, this, nullptr);
     if (m_port->isOpen()) {
         m_port->close();
         LOG_INFO(QStringLiteral("[%1] Closed.").arg(portName()));
@@ -144,6 +149,7 @@ int SerialPort::writeBuffer(const QByteArray &data, const int &responseTimeoutMs
         const qint64 written = m_port->write(data.constData() + (size - remaining), remaining);
         if (!m_port->waitForBytesWritten(1000) || written <= 0) {
             LOG_ERROR(QStringLiteral("[%1] Tx FAIL").arg(portName()));
+            finishLoss();
             return size - remaining;
         }
         remaining -= int(written);
@@ -168,13 +174,19 @@ QByteArray SerialPort::readBuffer(const int &count, const unsigned long &interva
         return QByteArray();
     const unsigned long tries = intervalMs == 0 ? 0 : timeoutMs / intervalMs;
     for (unsigned long i = 0; i < tries; ++i) {
-        if (!m_port->waitForReadyRead(5))
+        if (!m_port->waitForReadyRead(5)) {
+            // A dead device fails every wait at once; polling it on would only spin.
+            if (m_lossPending)
+                break;
             continue;
+        }
         if (m_port->bytesAvailable() >= count)
             break;
         sleep(intervalMs);
     }
-    return m_port->readAll();
+    const QByteArray bytes = m_port->readAll();
+    finishLoss();
+    return bytes;
 }
 
 void SerialPort::sleep(const unsigned long &ms)
@@ -240,6 +252,11 @@ QString SerialPort::parity() const
     return m_port ? parity(m_port->parity()) : QString();
 }
 
+QString SerialPort::errorString() const
+{
+    return m_port ? m_port->errorString() : QString();
+}
+
 QMap<int, QString> SerialPort::availablePorts()
 {
     QList<QPair<QString, QString>> ports;
@@ -288,4 +305,28 @@ void SerialPort::timeout()
     if (m_port)
         m_port->readAll();
     Q_EMIT readtimeout();
+}
+
+void SerialPort::portError(int error)
+{
+    // A read that fails or finds the line hung up, or a resource error, means the
+    // device is gone: its descriptor would stay readable and fail forever.
+    if (error != QSerialPort::ReadError && error != QSerialPort::ResourceError)
+        return;
+    if (m_lossPending || !m_port || !m_port->isOpen())
+        return;
+    m_lossPending = true;
+    m_lossReason = m_port->errorString();
+    // The port is inside its own read when it reports this; it is closed once that returns.
+    QMetaObject::invokeMethod(this, &SerialPort::finishLoss, Qt::QueuedConnection);
+}
+
+void SerialPort::finishLoss()
+{
+    if (!m_lossPending || !m_port)
+        return;
+    const QString name = portName();
+    LOG_ERROR(QStringLiteral("[%1] Connection lost: %2").arg(name, m_lossReason));
+    close();
+    Q_EMIT connectionLost(name);
 }

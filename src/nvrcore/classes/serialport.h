@@ -30,6 +30,12 @@ class QTimer;
  *
  * Traffic lines of setDtr(), setRts() and writeBuffer() are logged only while
  * traceEnabled is true (the default); open, close and failures always are.
+ *
+ * A device that goes away while open (an adapter pulled, the far end of a
+ * pseudo-terminal closed) shows as a read or resource error or a hang-up. The
+ * first one closes the port, logs one Error line and emits connectionLost()
+ * once; nothing keeps polling the dead device afterwards. SerialLink reopens
+ * the port when the device comes back.
  */
 class NVRCORE_EXPORT SerialPort : public QObject
 {
@@ -76,6 +82,8 @@ public:
     QString dataBits() const;
     QString stopBits() const;
     QString parity() const;
+    /// Why the last operation on the port failed, in the system's words; empty with no port.
+    QString errorString() const;
 
     /// The COM ports present, by number: "COM<n> <manufacturer>".
     static QMap<int, QString> availablePorts();
@@ -91,17 +99,25 @@ Q_SIGNALS:
     void dataReceived(QList<QVariant> bytes);
     void readtimeout();
     void bytesWritten(qint64 count);
+    /// The device of the open port went away; the port is closed already.
+    void connectionLost(const QString &portName);
 
 public Q_SLOTS:
     void receive();
     void timeout();
 
 private:
+    void portError(int error);
+    /// Closes a port whose device went away and tells the owner; once per loss.
+    void finishLoss();
+
     Mode m_mode = Synchronous;
     QTimer *m_timer = nullptr;
     QByteArray m_buffer;
     QSerialPort *m_port = nullptr;
     QString m_name;
+    QString m_lossReason;
+    bool m_lossPending = false;
 };
 
 #endif

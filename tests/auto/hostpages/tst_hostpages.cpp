@@ -181,7 +181,34 @@ private Q_SLOTS:
         QVERIFY(!page.isConnected());
         page.connectAction()->trigger();
         QVERIFY(!page.isConnected());
-        QCOMPARE(console->toPlainText(), withLineAbove(text, QStringLiteral("[COM9] Failed to open port.")));
+        text = withLineAbove(text, QStringLiteral("[COM9] Failed to open port."));
+        const QString reason = QStringLiteral("COM9 has no device: %1 is not a link to one.")
+                                   .arg(TestAppDir::filePath("ports/COM9"));
+        QCOMPARE(console->toPlainText(), withLineAbove(text, reason));
+    }
+
+    void terminalWaitsForALostDevice()
+    {
+        PtyPair pair;
+        START_DEVICE(pair, 4);
+        Responder device(pair, "PANEL-C");
+        NvrOptions options(noConnect);
+        options.setComPortNumber(4);
+        TerminalPage page(&options);
+        page.connectAction()->trigger();
+        QVERIFY(page.isConnected());
+
+        pair.closePeer();
+        pair.stop();
+        QTRY_VERIFY(!page.isConnected());
+        // Disconnecting stays possible: it ends the wait.
+        QVERIFY(page.disconnectAction()->isEnabled());
+        START_PAIR(pair);
+        QTRY_VERIFY(page.isConnected());
+        enter(page.console(), QStringLiteral("ID"));
+        QTRY_COMPARE(page.console()->toPlainText(),
+                     QStringLiteral("Connected to COM4.\nDisconnected from COM4.\nCOM4 is gone; it reconnects when "
+                                    "the device is back.\nConnected to COM4.\n> ID\nPANEL-C 2.1\n> "));
     }
 
     void windowPagesAndMenu()
@@ -226,8 +253,10 @@ private Q_SLOTS:
             }
             options.setComPortNumber(9);
             MainWindow window(&options);
-            const QString text = QStringLiteral("COM9 could not be opened. Choose the configuration port in "
-                                                "Tools > Options; -noconnect starts without connecting.");
+            const QString text = QStringLiteral("COM9 has no device: %1 is not a link to one. Choose the "
+                                                "configuration port in Tools > Options; -noconnect starts without "
+                                                "connecting.")
+                                     .arg(TestAppDir::filePath("ports/COM9"));
             QTRY_COMPARE(window.statusBar()->currentMessage(), text);
             g_nvrOptions = nullptr;
             if (options.showMessages()) {
