@@ -114,7 +114,12 @@ bool NvrTool::useDataDirectory(const QString &directory)
         fail(QStringLiteral("no data directory: %1").arg(directory));
         return false;
     }
-    // The library finds its data as "nevradat" under the application directory.
+    // The library finds its data as "nevradat" under the application directory, so a folder of
+    // another name cannot be used: say so rather than report a missing sibling.
+    if (info.fileName() != QLatin1String("nevradat")) {
+        fail(QStringLiteral("not a data directory: %1 (it must be a folder named nevradat)").arg(directory));
+        return false;
+    }
     const QString base = QDir::cleanPath(info.absoluteFilePath() + QLatin1String("/.."));
     KvCore::setApplicationDirPath(base);
     return true;

@@ -105,6 +105,8 @@ private Q_SLOTS:
 
         QTest::newRow("unknown command") << QStringList{"frobnicate"} << none << 2 << QByteArray("frobnicate");
         QTest::newRow("unknown option") << QStringList{"ports", "--bogus"} << none << 2 << QByteArray("bogus");
+        QTest::newRow("data directory of another name") << QStringList{"lib", "export", "radios", "--data", "@"}
+                                                        << none << 1 << QByteArray("must be a folder named nevradat");
         QTest::newRow("missing data directory") << QStringList{"ports", "--data", "/nonexistent/nevradat"} << none
                                                 << 1 << QByteArray("/nonexistent/nevradat");
         // One bad code fails the whole run, so a script never reads half an answer.
