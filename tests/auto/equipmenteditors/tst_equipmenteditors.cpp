@@ -308,7 +308,7 @@ private Q_SLOTS:
     {
         const auto music = showEditor(QStringLiteral("MusicSystemsTableEditWidget"));
         QTest::mouseClick(button(music.get(), "newButton"), Qt::LeftButton);
-        MusicSystemsModel *musicModel = MusicSystemsModel::instance();
+        QAbstractItemModel *musicModel = music->libraryView()->model();
         const QModelIndex flag = musicModel->index(musicModel->rowCount() - 1, 12);
         auto *combo = qobject_cast<QComboBox *>(openEditor(music->libraryView(), flag));
         QVERIFY(combo);
@@ -320,7 +320,7 @@ private Q_SLOTS:
 
         const auto radios = showEditor(QStringLiteral("NonAircraftRadiosTableEditWidget"));
         LibraryTableView *view = radios->libraryView();
-        NonAircraftRadios *model = NvrLibraries::nonAircraftRadios();
+        QAbstractItemModel *model = view->model();
         QTest::mouseClick(button(radios.get(), "newButton"), Qt::LeftButton);
         const QModelIndex type = model->index(model->rowCount() - 1, 4);
         QVERIFY(model->flags(type.siblingAtColumn(7)) & Qt::ItemIsEditable); // a new record is a receiver
