@@ -49,14 +49,6 @@ int naturalCompare(QStringView left, QStringView right)
     return 0;
 }
 
-bool containsText(const QAbstractItemModel *source, int row, const QModelIndex &parent, const QString &text)
-{
-    for (int column = 0; column < source->columnCount(parent); ++column) {
-        if (source->index(row, column, parent).data(Qt::DisplayRole).toString().contains(text, Qt::CaseInsensitive))
-            return true;
-    }
-    return false;
-}
 }
 
 KvSortFilterProxyModel::KvSortFilterProxyModel(QObject *parent) : QSortFilterProxyModel(parent)
@@ -144,25 +136,24 @@ bool KvSortFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex &
     const QAbstractItemModel *source = sourceModel();
     if (!source)
         return true;
-    if (!m_filterText.isEmpty()) {
-        const bool exclude = m_filterText.startsWith(QLatin1Char('!'));
-        const QString text = exclude ? m_filterText.mid(1) : m_filterText;
-        if (!text.isEmpty() && containsText(source, sourceRow, sourceParent, text) == exclude)
-            return false;
-    }
-    if (m_searchString.isEmpty())
-        return true;
-    const int columnCount = source->columnCount(sourceParent);
-    QList<int> columns = m_searchColumns;
-    if (columns.isEmpty()) {
-        for (int column = 0; column < columnCount; ++column)
-            columns.append(column);
-    }
-    return std::any_of(columns.cbegin(), columns.cend(), [&](int column) {
-        return column >= 0 && column < columnCount
-               && source->index(sourceRow, column, sourceParent)
-                      .data(Qt::DisplayRole)
-                      .toString()
-                      .contains(m_searchString, m_searchCase);
-    });
+    QList<int> allColumns;
+    for (int column = 0; column < source->columnCount(sourceParent); ++column)
+        allColumns.append(column);
+    // A leading '!' turns a text round: the row passes when no column contains the rest.
+    const auto passes = [&](const QString &text, const QList<int> &columns, Qt::CaseSensitivity sensitivity) {
+        const bool exclude = text.startsWith(QLatin1Char('!'));
+        const QString wanted = exclude ? text.mid(1) : text;
+        if (wanted.isEmpty())
+            return true;
+        const bool found = std::any_of(columns.cbegin(), columns.cend(), [&](int column) {
+            return column >= 0 && column < allColumns.size()
+                   && source->index(sourceRow, column, sourceParent)
+                          .data(Qt::DisplayRole)
+                          .toString()
+                          .contains(wanted, sensitivity);
+        });
+        return found != exclude;
+    };
+    return passes(m_filterText, allColumns, Qt::CaseInsensitive)
+           && passes(m_searchString, m_searchColumns.isEmpty() ? allColumns : m_searchColumns, m_searchCase);
 }

@@ -12,7 +12,8 @@
  * A sort/filter proxy with a search: a row passes when the search string
  * is empty or when the display text of one of the search columns contains
  * it. Without search columns every column is searched. Case is ignored
- * unless the search asks for it.
+ * unless the search asks for it. A search starting with '!' shows the rows
+ * that do not contain the rest instead.
  *
  * The search adds to the filter of QSortFilterProxyModel: a row must pass
  * both. Rows are filtered again as the source changes (dynamic filtering

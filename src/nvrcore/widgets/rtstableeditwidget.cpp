@@ -107,7 +107,7 @@ void RtsTableEditWidget::copyClicked()
         return;
     // The copy keeps its new id; the form then asks for a name of its own.
     QAbstractItemModel *model = targetModel();
-    for (int column = RtsTableModel::IdColumn + 1; column < model->columnCount(); ++column)
+    for (int column = RtsTableModel::IdColumn + 1; column < RtsTableModel::SelectStringColumn; ++column)
         model->setData(model->index(row, column), model->index(current.row(), column).data(Qt::EditRole));
     if (editRecord(model->index(row, RtsTableModel::IdColumn), KvCore::CopyRecord))
         setCurrentRow(row);

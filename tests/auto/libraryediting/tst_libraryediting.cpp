@@ -421,6 +421,10 @@ private Q_SLOTS:
         QCOMPARE(column(), QStringLiteral("Acme 0.25|KX2"));
         proxy.setFilterText(QStringLiteral("!"));
         QCOMPARE(proxy.rowCount(), source.rowCount());
+        // The search of the form-edited tables turns round the same way, in its own columns.
+        proxy.setSearchColumns({1});
+        proxy.setSearchString(QStringLiteral("!Y"));
+        QCOMPARE(column(), QStringLiteral("Acme 0.25|ARC 0.5|ARC 1|arc 10"));
     }
 
     void tabSeparatedText()
