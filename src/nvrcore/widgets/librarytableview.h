@@ -40,7 +40,8 @@ public:
     KvSortFilterProxyModel *proxyModel() const { return m_proxy; }
     QList<int> hiddenColumns() const { return m_hiddenColumns; }
     void setHiddenColumns(const QList<int> &columns);
-    /// Edits column as a number from minimum to maximum (a whole one when whole is set), refusing others as typed.
+    /// Edits column as a number from minimum to maximum (a whole one when whole is set),
+    /// refusing other text as it is typed.
     void setNumberColumn(int column, double minimum, double maximum, bool whole = false);
 
 protected Q_SLOTS:

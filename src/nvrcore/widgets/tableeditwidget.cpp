@@ -111,8 +111,12 @@ void TableEditWidget::setView(KvTableView *newView)
         m_history->recordEdit(tr("Edit %1").arg(columnTitle(source.column())), source.row(), m_editedBefore);
         m_editedBefore.clear();
     });
-    if (QAbstractItemModel *model = targetModel())
+    if (QAbstractItemModel *model = targetModel()) {
         m_viewConnections << connect(model, &QAbstractItemModel::modelReset, this, &TableEditWidget::clearHistory);
+        // The library's own questions (save before closing) then name it in words.
+        if (!m_libraryName.isEmpty())
+            model->setProperty("libraryName", m_libraryName);
+    }
     if (KvSortFilterProxyModel *proxy = filterProxy()) {
         proxy->setFilterText(m_filterEdit->text());
         for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
@@ -378,9 +382,9 @@ void TableEditWidget::removeSelectedRecords()
     if (rows.isEmpty())
         return;
     if (rows.size() > 1 || chosen > 1) {
-        QString text = tr("Delete %1 records from %2?")
-                           .arg(rows.size())
-                           .arg(m_libraryName.isEmpty() ? tr("the library") : m_libraryName);
+        const QString library = m_libraryName.isEmpty() ? tr("the library") : m_libraryName;
+        QString text = rows.size() == 1 ? tr("Delete 1 record from %1?").arg(library)
+                                        : tr("Delete %1 records from %2?").arg(rows.size()).arg(library);
         if (chosen > rows.size())
             text += QLatin1Char(' ') + tr("Factory records among those chosen stay.");
         if (QMessageBox::question(this, tr("Delete records"), text, QMessageBox::Yes | QMessageBox::No,

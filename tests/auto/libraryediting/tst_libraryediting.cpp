@@ -7,10 +7,14 @@
 #include "kvsortfilterproxymodel.h"
 #include "messageboxrecorder.h"
 #include "models/audiosystemsmodel.h"
+#include "models/headsetsmodel.h"
+#include "models/legendsconverttablemodel.h"
 #include "models/lowimpedanceintercomsmodel.h"
 #include "models/musicsystemsmodel.h"
+#include "models/nvrcsvmodel.h"
 #include "models/nvrlibraries.h"
 #include "models/rtstablemodel.h"
+#include "shippedlibraries.h"
 #include "testappdir.h"
 #include "testui.h"
 #include "widgets/audiosystemstableeditwidget.h"
@@ -28,7 +32,6 @@
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QClipboard>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -59,14 +62,7 @@ LibraryTableEditWidget *makeEditor(const QString &name)
 /// Double-clicks the cell; the line edit that opens on it, or null.
 QLineEdit *openCellEditor(QAbstractItemView *view, const QModelIndex &index)
 {
-    // The events a window system sends for a double click: the second press arrives as the double click.
-    view->scrollTo(index);
-    const QPoint centre = view->visualRect(index).center();
-    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
-    return qobject_cast<QLineEdit *>(view->indexWidget(index));
+    return qobject_cast<QLineEdit *>(TestUi::openCellEditor(view, index));
 }
 
 /// Types text into the cell's editor and ends the edit with Enter.
@@ -116,21 +112,8 @@ class tst_LibraryEditing : public QObject
 private Q_SLOTS:
     void initTestCase() { TestAppDir::prepare(); }
     void cleanupTestCase() { TestAppDir::cleanup(); }
-    void init()
-    {
-        const QDir shipped(QStringLiteral(NEVRADAT_SOURCE));
-        for (const QString &name : shipped.entryList(QDir::Files))
-            QVERIFY(QFile::copy(shipped.filePath(name), TestAppDir::filePath(QStringLiteral("nevradat/") + name)));
-    }
-    void cleanup()
-    {
-        AudioSystemsModel::destroyInstance();
-        LowImpedanceIntercomsModel::destroyInstance();
-        MusicSystemsModel::destroyInstance();
-        NvrLibraries::destroyAll();
-        RtsFile::destroyInstance();
-        TestAppDir::clearData();
-    }
+    void init() { QVERIFY(ShippedLibraries::install(QStringLiteral(NEVRADAT_SOURCE))); }
+    void cleanup() { ShippedLibraries::forget(); }
 
     void everyLibraryPage_data()
     {
@@ -273,6 +256,18 @@ private Q_SLOTS:
         QCOMPARE(library->rowCount(), rows + 4);
         QCOMPARE(shown(view, nameColumn, QStringLiteral("Pasted")).size(), 3);
 
+        // The question before closing names the library in words.
+        boxes.queueAnswers({QMessageBox::Discard});
+        if (auto *csv = qobject_cast<NvrCsvModel *>(library))
+            csv->askToSave(false);
+        else if (auto *headsets = qobject_cast<HeadSetsModel *>(library))
+            headsets->askToSave(false);
+        else
+            qobject_cast<LegendsConvertTableModel *>(library)->askToSave(false);
+        QCOMPARE(boxes.last().informativeText,
+                 editor->libraryName() + QStringLiteral(": Do you want to save your changes?"));
+        QVERIFY(refocus(editor.get(), view));
+
         // Saving ends the history.
         QTest::keyClick(view, Qt::Key_S, Qt::ControlModifier);
         QVERIFY(!undo->isEnabled());
@@ -386,6 +381,25 @@ private Q_SLOTS:
         QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(model->rowCount(), rows + 1);
         QVERIFY(!RtsFile::instance()->isModified());
+        // A change made in the form is one step as well.
+        QVERIFY(refocus(&editor, view));
+        TestUi::clickCell(view, find(QStringLiteral("C3")));
+        {
+            FormDriver<RtFormDialog> driver([](RtFormDialog *form) {
+                TestUi::retype(form->findChild<QLineEdit *>(QStringLiteral("modelEdit")), QStringLiteral("D4"));
+                QTest::mouseClick(form->okButton(), Qt::LeftButton);
+            });
+            QTest::mouseClick(editor.findChild<QPushButton *>(QStringLiteral("editButton")), Qt::LeftButton);
+            QVERIFY(driver.ran());
+        }
+        QVERIFY(find(QStringLiteral("D4")).isValid());
+        QCOMPARE(action(&editor, "undoAction")->text(), QStringLiteral("Undo Edit Radio"));
+        QVERIFY(refocus(&editor, view));
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(find(QStringLiteral("C3")).isValid());
+        QVERIFY(!find(QStringLiteral("D4")).isValid());
+        QVERIFY(!RtsFile::instance()->isModified());
+
         view->sortByColumn(RtsTableModel::IdColumn, Qt::DescendingOrder);
         view->sortByColumn(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
         QVERIFY(find(QStringLiteral("A1")).row() < find(QStringLiteral("B2")).row());
