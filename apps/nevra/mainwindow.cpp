@@ -200,6 +200,19 @@ void MainWindow::createMenus()
     QAction *quit = file->addAction(tr("&Quit"), this, &QWidget::close);
     quit->setShortcut(QKeySequence::Quit);
 
+    // Edit: the tools of the library page shown (undo naming its step, copy, paste, delete, filter).
+    QMenu *edit = menuBar()->addMenu(tr("&Edit"));
+    edit->setObjectName(QStringLiteral("editMenu"));
+    const auto showEditActions = [this, edit] {
+        edit->clear();
+        auto *editor = qobject_cast<TableEditWidget *>(m_pages->currentWidget());
+        if (editor)
+            edit->addActions(editor->editActions());
+        edit->setEnabled(editor != nullptr);
+    };
+    connect(m_pages, &QStackedWidget::currentChanged, edit, showEditActions);
+    showEditActions();
+
     QMenu *go = menuBar()->addMenu(tr("&Go"));
     QAction *next = go->addAction(tr("&Next Page"), this, [this] { stepPage(1); });
     next->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_PageDown));

@@ -68,3 +68,23 @@ QString KvTableView::settingsPath(const QString &group, const QString &key) cons
     return (group.isEmpty() ? QStringLiteral("tableviews") : group) + QLatin1Char('/')
            + (key.isEmpty() ? objectName() : key);
 }
+
+bool KvTableView::edit(const QModelIndex &index, EditTrigger trigger, QEvent *event)
+{
+    const bool editing = QTableView::edit(index, trigger, event);
+    if (editing && indexWidget(index))
+        m_editedIndex = index;
+    return editing;
+}
+
+void KvTableView::commitData(QWidget *editor)
+{
+    // Only the cell whose editor this is; other editors (persistent ones) are committed unannounced.
+    const QPersistentModelIndex index =
+        m_editedIndex.isValid() && indexWidget(m_editedIndex) == editor ? m_editedIndex : QPersistentModelIndex();
+    if (index.isValid())
+        Q_EMIT cellAboutToBeCommitted(index);
+    QTableView::commitData(editor);
+    if (index.isValid())
+        Q_EMIT cellCommitted(index);
+}

@@ -25,6 +25,10 @@
  *
  * Subclasses that hide columns override setModel() and restoreState() and
  * hide them again after the base, since a restored layout may show them.
+ *
+ * An in-place editor writing its cell is announced before and after
+ * (cellAboutToBeCommitted(), cellCommitted()), so that an owner can keep
+ * what the cell and its row held before.
  */
 class KVWIDGETS_EXPORT KvTableView : public QTableView
 {
@@ -33,11 +37,22 @@ public:
     explicit KvTableView(QWidget *parent = nullptr);
     ~KvTableView() override;
 
+    using QTableView::edit;
     void setModel(QAbstractItemModel *model) override;
 
     virtual void readSettings(const QString &group = QString(), const QString &key = QString());
     virtual void saveSettings(const QString &group = QString(), const QString &key = QString());
     virtual void restoreState();
+
+Q_SIGNALS:
+    void cellAboutToBeCommitted(const QModelIndex &index);
+    void cellCommitted(const QModelIndex &index);
+
+protected Q_SLOTS:
+    void commitData(QWidget *editor) override;
+
+protected:
+    bool edit(const QModelIndex &index, EditTrigger trigger, QEvent *event) override;
 
 private:
     QString settingsPath(const QString &group, const QString &key) const;
@@ -45,6 +60,7 @@ private:
     QByteArray m_headerState;
     int m_sortColumn = -1;
     Qt::SortOrder m_sortOrder = Qt::AscendingOrder;
+    QPersistentModelIndex m_editedIndex;
 };
 
 #endif

@@ -31,6 +31,19 @@ inline void clickCell(QAbstractItemView *view, const QModelIndex &index, Qt::Key
     QTest::mouseClick(view->viewport(), Qt::LeftButton, modifiers, view->visualRect(index).center());
 }
 
+/// Double-clicks the cell as a window system reports it; the in-place editor that opens, or null when none does.
+inline QWidget *openCellEditor(QAbstractItemView *view, const QModelIndex &index)
+{
+    // The second press arrives as the double click.
+    view->scrollTo(index);
+    const QPoint centre = view->visualRect(index).center();
+    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centre);
+    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
+    return view->indexWidget(index);
+}
+
 /// Whether any message box is on screen, modal or not.
 inline bool messageBoxShown()
 {

@@ -408,7 +408,8 @@ bool HeadSetsModel::askToSave(const bool &canCancel)
 {
     if (!m_modified)
         return true;
-    return askToSaveChanges(tr("The %1 file has been modified.").arg(objectName()), canCancel, [this] { submit(); });
+    return askToSaveChanges(this, tr("The %1 file has been modified.").arg(objectName()), canCancel,
+                            [this] { submit(); });
 }
 
 HeadSetsModel::HeadSet HeadSetsModel::fromList(const QStringList &list)

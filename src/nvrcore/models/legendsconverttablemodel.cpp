@@ -192,7 +192,8 @@ bool LegendsConvertTableModel::askToSave(const bool &canCancel)
 {
     if (!m_modified)
         return true;
-    return askToSaveChanges(tr("The file '%1' has been modified.").arg(objectName()), canCancel, [this] { submit(); });
+    return askToSaveChanges(this, tr("The file '%1' has been modified.").arg(objectName()), canCancel,
+                            [this] { submit(); });
 }
 
 bool LegendsConvertTableModel::submit()

@@ -74,7 +74,8 @@ bool NvrCsvModel::askToSave(const bool &canCancel)
 {
     if (!m_modified)
         return true;
-    return askToSaveChanges(tr("The file '%1' has been modified.").arg(objectName()), canCancel, [this] { submit(); });
+    return askToSaveChanges(this, tr("The file '%1' has been modified.").arg(objectName()), canCancel,
+                            [this] { submit(); });
 }
 
 QVariant NvrCsvModel::data(const QModelIndex &index, int role) const

@@ -8,7 +8,7 @@ namespace {
 constexpr int LastDefaultRtId = 9;
 }
 
-RtsSortFilterProxyModel::RtsSortFilterProxyModel(QObject *parent) : QSortFilterProxyModel(parent)
+RtsSortFilterProxyModel::RtsSortFilterProxyModel(QObject *parent) : KvSortFilterProxyModel(parent)
 {
 }
 
@@ -26,6 +26,11 @@ void RtsSortFilterProxyModel::setRtTypesFilter(const QFlags<Rt::RtType> &types)
 }
 
 bool RtsSortFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const
+{
+    return acceptsType(sourceRow, sourceParent) && KvSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent);
+}
+
+bool RtsSortFilterProxyModel::acceptsType(int sourceRow, const QModelIndex &sourceParent) const
 {
     const int filter = static_cast<int>(m_types);
     if (filter == Rt::AllTypes)
@@ -56,12 +61,22 @@ bool RtsSortFilterProxyModel::lessThan(const QModelIndex &left, const QModelInde
     if (sortColumn() == RtsTableModel::ManufacturerColumn) {
         const QString leftName = left.data().toString();
         const QString rightName = right.data().toString();
+        const QString leftModel = model->index(left.row(), RtsTableModel::ModelColumn).data().toString();
+        const QString rightModel = model->index(right.row(), RtsTableModel::ModelColumn).data().toString();
+        if (isNaturalSort()) {
+            if (naturalLessThan(leftName, rightName))
+                return true;
+            if (naturalLessThan(rightName, leftName))
+                return false;
+            return naturalLessThan(leftModel, rightModel);
+        }
         if (leftName < rightName)
             return true;
         if (rightName < leftName)
             return false;
-        return model->index(left.row(), RtsTableModel::ModelColumn).data().toString()
-               < model->index(right.row(), RtsTableModel::ModelColumn).data().toString();
+        return leftModel < rightModel;
     }
+    if (isNaturalSort())
+        return KvSortFilterProxyModel::lessThan(left, right);
     return QSortFilterProxyModel::lessThan(left, right);
 }

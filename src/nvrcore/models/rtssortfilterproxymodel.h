@@ -7,7 +7,7 @@
 
 #include "models/rt.h"
 
-#include <QSortFilterProxyModel>
+#include "kvsortfilterproxymodel.h"
 
 /**
  * Filters an RtsTableModel by radio type and sorts it with the generic
@@ -20,8 +20,12 @@
  * "Radio Not Installed" record (id 0) is always shown, and a filter with the
  * Receiver bit also shows every radio offered as a receiver. Source models
  * other than RtsTableModel are shown unfiltered.
+ *
+ * The user's filter text of KvSortFilterProxyModel applies on top of the
+ * type filter. With natural sorting on, names and levels compare in
+ * natural order instead of code order; the defaults stay on top.
  */
-class NVRCORE_EXPORT RtsSortFilterProxyModel : public QSortFilterProxyModel
+class NVRCORE_EXPORT RtsSortFilterProxyModel : public KvSortFilterProxyModel
 {
     Q_OBJECT
 public:
@@ -36,6 +40,8 @@ protected:
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 
 private:
+    bool acceptsType(int sourceRow, const QModelIndex &sourceParent) const;
+
     Rt::RtTypes m_types = Rt::AllTypes;
 };
 

@@ -12,12 +12,20 @@
  * The question a library asks before its unsaved changes could be lost:
  * Save (which runs save) and Discard answer true, Cancel (offered only when
  * canCancel) false. Save is the default button.
+ *
+ * The text names the file by its object's name; where an editor has given
+ * the library a name in words (the property "libraryName" of library), the
+ * question names it too, so that the user knows which library is meant.
  */
-inline bool askToSaveChanges(const QString &text, bool canCancel, const std::function<void()> &save)
+inline bool askToSaveChanges(const QObject *library, const QString &text, bool canCancel,
+                             const std::function<void()> &save)
 {
     QMessageBox box;
     box.setText(text);
-    box.setInformativeText(QCoreApplication::translate("NvrLibrary", "Do you want to save your changes?"));
+    const QString question = QCoreApplication::translate("NvrLibrary", "Do you want to save your changes?");
+    const QString name = library->property("libraryName").toString();
+    box.setInformativeText(name.isEmpty() ? question
+                                          : QCoreApplication::translate("NvrLibrary", "%1: %2").arg(name, question));
     box.setIcon(QMessageBox::Question);
     QMessageBox::StandardButtons buttons = QMessageBox::Save | QMessageBox::Discard;
     if (canCancel)

@@ -8,6 +8,7 @@
 AudioSystemsTableEditWidget::AudioSystemsTableEditWidget(QWidget *parent) : LibraryTableEditWidget(parent)
 {
     setObjectName(QStringLiteral("AudioSystemsTableEditWidget"));
+    setLibraryName(tr("Audio systems"));
     setLibrary(new AudioSystemsTableView(this), AudioSystemsModel::instance(), tr("New Aircraft Audio System"));
 }
 

@@ -9,6 +9,7 @@
 BluetoothDevicesTableEditWidget::BluetoothDevicesTableEditWidget(QWidget *parent) : LibraryTableEditWidget(parent)
 {
     setObjectName(QStringLiteral("BluetoothDevicesTableEditWidget"));
+    setLibraryName(tr("Bluetooth devices"));
     setLibrary(new BluetoothDevicesTableView(this), NvrLibraries::bluetoothDevices(), tr("New Bluetooth Device"));
 }
 

@@ -9,6 +9,7 @@
 HeadSetsTableEditWidget::HeadSetsTableEditWidget(QWidget *parent) : LibraryTableEditWidget(parent)
 {
     setObjectName(QStringLiteral("HeadSetsTableEditWidget"));
+    setLibraryName(tr("Headsets"));
     setLibrary(new HeadSetsTableView(this), NvrLibraries::headSets(), tr("New Headset"));
 }
 

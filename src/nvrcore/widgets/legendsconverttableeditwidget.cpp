@@ -11,6 +11,7 @@ LegendsConvertTableEditWidget::LegendsConvertTableEditWidget(QWidget *parent) : 
     setObjectName(QStringLiteral("LegendsConvertTableEditWidget"));
     auto *view = new LibraryTableView(this);
     view->setObjectName(QStringLiteral("LegendsConvertTableView"));
+    setLibraryName(tr("Legends"));
     setLibrary(view, NvrLibraries::legends(), tr("New Legend"));
 }
 

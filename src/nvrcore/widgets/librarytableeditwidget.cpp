@@ -5,6 +5,7 @@
 #include "widgets/librarytableview.h"
 
 #include <QPushButton>
+#include <QSortFilterProxyModel>
 
 LibraryTableEditWidget::LibraryTableEditWidget(QWidget *parent) : TableEditWidget(parent)
 {
@@ -14,7 +15,10 @@ LibraryTableEditWidget::~LibraryTableEditWidget() = default;
 
 QAbstractItemModel *LibraryTableEditWidget::libraryModel() const
 {
-    return m_view ? m_view->model() : nullptr;
+    if (!m_view)
+        return nullptr;
+    const auto *proxy = qobject_cast<const QSortFilterProxyModel *>(m_view->model());
+    return proxy ? proxy->sourceModel() : m_view->model();
 }
 
 void LibraryTableEditWidget::setLibrary(LibraryTableView *view, QAbstractItemModel *model, const QString &newToolTip)

@@ -2,10 +2,18 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "librarytableview.h"
 
+#include "kvsortfilterproxymodel.h"
+#include "widgets/numberdelegate.h"
+
 #include <QHeaderView>
 
-LibraryTableView::LibraryTableView(QWidget *parent) : KvTableView(parent)
+LibraryTableView::LibraryTableView(QWidget *parent) : KvTableView(parent), m_proxy(new KvSortFilterProxyModel(this))
 {
+    m_proxy->setNaturalSort(true);
+    horizontalHeader()->setSortIndicatorShown(true);
+    // No column chosen yet: the library's own order.
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    setSortingEnabled(true);
     setEditTriggers(QAbstractItemView::DoubleClicked);
     horizontalHeader()->setStretchLastSection(true);
     // The id column numbers the records; row numbers would only compete with it.
@@ -17,7 +25,8 @@ LibraryTableView::~LibraryTableView() = default;
 void LibraryTableView::setModel(QAbstractItemModel *model)
 {
     disconnect(m_resetConnection);
-    KvTableView::setModel(model);
+    m_proxy->setSourceModel(model);
+    KvTableView::setModel(model ? m_proxy : nullptr);
     if (!model)
         return;
     // A reset that changes the columns (reverting a library whose file has gone) shows them all again.
@@ -39,6 +48,13 @@ void LibraryTableView::setHiddenColumns(const QList<int> &columns)
         showColumn(column);
     m_hiddenColumns = columns;
     hideComputedColumns();
+}
+
+void LibraryTableView::setNumberColumn(int column, double minimum, double maximum, bool whole)
+{
+    QAbstractItemDelegate *previous = itemDelegateForColumn(column);
+    setItemDelegateForColumn(column, new NumberDelegate(minimum, maximum, whole, this));
+    delete previous;
 }
 
 void LibraryTableView::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)

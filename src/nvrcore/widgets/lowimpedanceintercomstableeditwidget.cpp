@@ -11,6 +11,9 @@ LowImpedanceIntercomsTableEditWidget::LowImpedanceIntercomsTableEditWidget(QWidg
     setObjectName(QStringLiteral("LowImpedanceIntercomsTableEditWidget"));
     auto *view = new AudioSystemsTableView(this);
     view->setObjectName(QStringLiteral("LowImpedanceIntercomsTableView"));
+    // This library keeps its phones level in mVrms.
+    view->setNumberColumn(6, 1, 100000);
+    setLibraryName(tr("Intercoms"));
     setLibrary(view, LowImpedanceIntercomsModel::instance(), tr("New Intercom"));
 }
 

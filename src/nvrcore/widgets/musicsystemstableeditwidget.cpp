@@ -10,6 +10,7 @@ MusicSystemsTableEditWidget::MusicSystemsTableEditWidget(QWidget *parent) : Libr
     setObjectName(QStringLiteral("MusicSystemsTableEditWidget"));
     auto *view = new AudioSystemsTableView(this);
     view->setObjectName(QStringLiteral("MusicSystemsTableView"));
+    setLibraryName(tr("Music systems"));
     setLibrary(view, MusicSystemsModel::instance(), tr("New Aircraft Music System"));
 }
 

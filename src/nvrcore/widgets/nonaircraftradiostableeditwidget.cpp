@@ -9,6 +9,7 @@
 NonAircraftRadiosTableEditWidget::NonAircraftRadiosTableEditWidget(QWidget *parent) : LibraryTableEditWidget(parent)
 {
     setObjectName(QStringLiteral("NonAircraftRadiosTableEditWidget"));
+    setLibraryName(tr("Non-aircraft radios"));
     setLibrary(new NonAircraftRadiosTableView(this), NvrLibraries::nonAircraftRadios(), tr("New Radio"));
 }
 

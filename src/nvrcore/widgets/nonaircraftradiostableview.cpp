@@ -9,6 +9,9 @@ NonAircraftRadiosTableView::NonAircraftRadiosTableView(QWidget *parent) : Librar
     setObjectName(QStringLiteral("NonAircraftRadiosTableView"));
     setHiddenColumns({1, 11});
     setItemDelegate(new NonAircraftRadiosTableViewDelegate(this));
+    setNumberColumn(5, 0.001, 100);
+    setNumberColumn(7, 0.001, 100);
+    setNumberColumn(8, 1, 100000, true);
 }
 
 NonAircraftRadiosTableView::~NonAircraftRadiosTableView() = default;

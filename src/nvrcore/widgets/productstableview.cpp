@@ -16,6 +16,8 @@ ProductsTableView::ProductsTableView(QWidget *parent) : KvTableView(parent), m_p
     horizontalHeader()->setSortIndicator(0, Qt::AscendingOrder);
     // Row numbers mean nothing in a sorted list.
     verticalHeader()->hide();
+    // Product numbers sort as people read them ("KX155" before "KX1967").
+    m_proxy->setNaturalSort(true);
     KvTableView::setModel(m_proxy);
     setSortingEnabled(true);
 }

@@ -4,13 +4,16 @@
 
 #include "classes/rtsfile.h"
 #include "dialogs/rtformdialog.h"
+#include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
+#include "widgets/recordhistory.h"
 #include "widgets/rtstableview.h"
 
 #include <QIcon>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
+#include <QUndoStack>
 
 #include <memory>
 
@@ -39,6 +42,16 @@ RtsTableEditWidget::RtsTableEditWidget(QWidget *parent) : TableEditWidget(parent
 
     setView(m_view);
     connect(model, &QAbstractItemModel::dataChanged, this, &RtsTableEditWidget::enableSubmit);
+
+    // Like every library: copy and delete of the user's radios, undone and redone as they were made.
+    // Every change is saved at once here, so those saves keep the undo steps.
+    setLibraryName(tr("Radios"));
+    m_view->proxyModel()->setNaturalSort(true);
+    copyButton->setToolTip(tr("Copy Radio"));
+    copyButton->show();
+    deleteButton->setToolTip(tr("Delete selected radios"));
+    deleteButton->show();
+    setHistoryKeptOnSave(true);
 }
 
 RtsTableEditWidget::~RtsTableEditWidget() = default;
@@ -83,6 +96,53 @@ void RtsTableEditWidget::editClicked()
         setCurrentRow(row.row());
 }
 
+void RtsTableEditWidget::copyClicked()
+{
+    editType = KvCore::CopyRecord;
+    const QModelIndex current = currentTargetIndex();
+    if (!current.isValid())
+        return;
+    const int row = appendRow();
+    if (row < 0)
+        return;
+    // The copy keeps its new id; the form then asks for a name of its own.
+    QAbstractItemModel *model = targetModel();
+    for (int column = RtsTableModel::IdColumn + 1; column < RtsTableModel::SelectStringColumn; ++column)
+        model->setData(model->index(row, column), model->index(current.row(), column).data(Qt::EditRole));
+    if (editRecord(model->index(row, RtsTableModel::IdColumn), KvCore::CopyRecord))
+        setCurrentRow(row);
+}
+
+void RtsTableEditWidget::removeClicked()
+{
+    // A factory transceiver's receiver-list cell is editable; the radio is still not the user's to delete.
+    const QModelIndex current = currentTargetIndex();
+    if (selectedRows().size() <= 1 && current.isValid() && !isUserRecord(current.row()))
+        return;
+    const int before = undoStack()->index();
+    TableEditWidget::removeClicked();
+    saveIfChanged(before);
+}
+
+void RtsTableEditWidget::removeSelectedRecords()
+{
+    const int before = undoStack()->index();
+    TableEditWidget::removeSelectedRecords();
+    saveIfChanged(before);
+}
+
+void RtsTableEditWidget::historyStepApplied()
+{
+    TableEditWidget::historyStepApplied();
+    submitClicked();
+}
+
+void RtsTableEditWidget::saveIfChanged(int stepBefore)
+{
+    if (undoStack()->index() != stepBefore && RtsFile::instance()->isModified())
+        submitClicked();
+}
+
 void RtsTableEditWidget::submitClicked()
 {
     TableEditWidget::submitClicked();
@@ -103,13 +163,22 @@ void RtsTableEditWidget::enableSubmit()
     RtsFile::instance()->setModified(true);
 }
 
-void RtsTableEditWidget::beforeEditRecord(const QModelIndex &, const KvCore::EditTypes &)
+void RtsTableEditWidget::beforeEditRecord(const QModelIndex &index, const KvCore::EditTypes &)
 {
+    m_formBefore = history()->rowValues(index.row());
 }
 
 void RtsTableEditWidget::afterEditRecord(const QModelIndex &index, const KvCore::EditTypes &editType, bool accepted)
 {
-    if (accepted || editType == KvCore::EditRecord)
+    if (accepted) {
+        if (editType == KvCore::EditRecord)
+            history()->recordEdit(tr("Edit Radio"), index.row(), m_formBefore);
+        else
+            history()->recordInserted(editType == KvCore::CopyRecord ? tr("Copy Radio") : tr("New Radio"),
+                                      {index.row()});
+        return;
+    }
+    if (editType == KvCore::EditRecord)
         return;
     // A cancelled new record must not stay behind. Reverting also gives its id back, unless the
     // form already wrote the row (a type change does), in which case the row is removed instead.

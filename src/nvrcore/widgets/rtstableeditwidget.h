@@ -8,6 +8,8 @@
 #include "kvcore.h"
 #include "widgets/tableeditwidget.h"
 
+#include <QVariant>
+
 class RtsTableView;
 
 /**
@@ -17,6 +19,10 @@ class RtsTableView;
  * accepted form saves both radio files at once and shows "Radios Data
  * Saved" for a moment. A new record whose form is cancelled is removed
  * again. Changes to the model mark the radio files modified.
+ *
+ * Copy opens the form on a copy of the current radio (with an id of its
+ * own); delete removes the selected user radios. Both save at once, as
+ * does every undo and redo step.
  *
  * beforeEditRecord() and afterEditRecord() run around every form, for
  * subclasses that must react to an edit.
@@ -35,15 +41,22 @@ public:
 public Q_SLOTS:
     void newClicked() override;
     void editClicked() override;
+    void copyClicked() override;
+    void removeClicked() override;
+    void removeSelectedRecords() override;
     void submitClicked() override;
     void enableSubmit() override;
 
 protected:
     virtual void beforeEditRecord(const QModelIndex &index, const KvCore::EditTypes &editType);
     virtual void afterEditRecord(const QModelIndex &index, const KvCore::EditTypes &editType, bool accepted);
+    void historyStepApplied() override;
 
 private:
+    void saveIfChanged(int stepBefore);
+
     RtsTableView *m_view;
+    QVariantList m_formBefore;
 };
 
 #endif

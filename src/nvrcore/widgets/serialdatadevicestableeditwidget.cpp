@@ -9,6 +9,7 @@
 SerialDataDevicesTableEditWidget::SerialDataDevicesTableEditWidget(QWidget *parent) : LibraryTableEditWidget(parent)
 {
     setObjectName(QStringLiteral("SerialDataDevicesTableEditWidget"));
+    setLibraryName(tr("Serial data devices"));
     setLibrary(new SerialDataDevicesTableView(this), NvrLibraries::serialDataDevices(), tr("New Serial Data Device"));
 }
 

@@ -10,6 +10,7 @@
 #include "models/nonaircraftradios.h"
 #include "models/nvrlibraries.h"
 #include "models/serialdatadevices.h"
+#include "shippedlibraries.h"
 #include "testappdir.h"
 #include "testui.h"
 #include "widgets/audiosystemstableeditwidget.h"
@@ -25,7 +26,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QDir>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -99,19 +99,6 @@ QPushButton *button(QWidget *editor, const char *name)
     return editor->findChild<QPushButton *>(QLatin1String(name));
 }
 
-/// Double-clicks the cell; the in-place editor that opens, or null when none does.
-QWidget *openEditor(QAbstractItemView *view, const QModelIndex &index)
-{
-    // The events a window system sends for a double click: the second press arrives as the double click.
-    view->scrollTo(index);
-    const QPoint centre = view->visualRect(index).center();
-    QTest::mousePress(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centre);
-    QTest::mouseRelease(view->viewport(), Qt::LeftButton, {}, centre);
-    return view->indexWidget(index);
-}
-
 /// Waits for the cell's editor to close: Enter commits and closes it from the event loop.
 bool closed(QAbstractItemView *view, const QModelIndex &index)
 {
@@ -121,7 +108,7 @@ bool closed(QAbstractItemView *view, const QModelIndex &index)
 /// Replaces the text of the cell by typing it, then ends the edit with key.
 bool typeInto(QAbstractItemView *view, const QModelIndex &index, const QString &text, Qt::Key key = Qt::Key_Return)
 {
-    auto *edit = qobject_cast<QLineEdit *>(openEditor(view, index));
+    auto *edit = qobject_cast<QLineEdit *>(TestUi::openCellEditor(view, index));
     if (!edit)
         return false;
     TestUi::retype(edit, text);
@@ -152,22 +139,9 @@ class tst_EquipmentEditors : public QObject
 private Q_SLOTS:
     void initTestCase() { TestAppDir::prepare(); }
     void cleanupTestCase() { TestAppDir::cleanup(); }
-    void init()
-    {
-        // Every editor starts from the data the host ships.
-        const QDir shipped(QStringLiteral(NEVRADAT_SOURCE));
-        for (const QString &name : shipped.entryList(QDir::Files))
-            QVERIFY(QFile::copy(shipped.filePath(name), TestAppDir::filePath(QStringLiteral("nevradat/") + name)));
-    }
-
-    void cleanup()
-    {
-        AudioSystemsModel::destroyInstance();
-        LowImpedanceIntercomsModel::destroyInstance();
-        MusicSystemsModel::destroyInstance();
-        NvrLibraries::destroyAll();
-        TestAppDir::clearData();
-    }
+    // Every editor starts from the data the host ships.
+    void init() { QVERIFY(ShippedLibraries::install(QStringLiteral(NEVRADAT_SOURCE))); }
+    void cleanup() { ShippedLibraries::forget(); }
 
     void editorsAndViews_data()
     {
@@ -298,7 +272,7 @@ private Q_SLOTS:
 
         // Factory records are neither edited in place nor offered for deletion (the legends have none).
         if (model->rowCount() > 1 && !(model->flags(model->index(0, column)) & Qt::ItemIsEditable)) {
-            QVERIFY(!openEditor(view, model->index(0, column)));
+            QVERIFY(!TestUi::openCellEditor(view, model->index(0, column)));
             TestUi::clickCell(view, model->index(0, column));
             QVERIFY(!remove->isEnabled());
         }
@@ -308,9 +282,9 @@ private Q_SLOTS:
     {
         const auto music = showEditor(QStringLiteral("MusicSystemsTableEditWidget"));
         QTest::mouseClick(button(music.get(), "newButton"), Qt::LeftButton);
-        MusicSystemsModel *musicModel = MusicSystemsModel::instance();
+        QAbstractItemModel *musicModel = music->libraryView()->model();
         const QModelIndex flag = musicModel->index(musicModel->rowCount() - 1, 12);
-        auto *combo = qobject_cast<QComboBox *>(openEditor(music->libraryView(), flag));
+        auto *combo = qobject_cast<QComboBox *>(TestUi::openCellEditor(music->libraryView(), flag));
         QVERIFY(combo);
         QTest::keyClick(combo, Qt::Key_Down);
         QTest::keyClick(combo, Qt::Key_Return);
@@ -320,13 +294,13 @@ private Q_SLOTS:
 
         const auto radios = showEditor(QStringLiteral("NonAircraftRadiosTableEditWidget"));
         LibraryTableView *view = radios->libraryView();
-        NonAircraftRadios *model = NvrLibraries::nonAircraftRadios();
+        QAbstractItemModel *model = view->model();
         QTest::mouseClick(button(radios.get(), "newButton"), Qt::LeftButton);
         const QModelIndex type = model->index(model->rowCount() - 1, 4);
         QVERIFY(model->flags(type.siblingAtColumn(7)) & Qt::ItemIsEditable); // a new record is a receiver
 
         // "Not Installed" chosen from the drop-down list with the mouse.
-        combo = qobject_cast<QComboBox *>(openEditor(view, type));
+        combo = qobject_cast<QComboBox *>(TestUi::openCellEditor(view, type));
         QVERIFY(combo);
         QCOMPARE(combo->currentText(), QStringLiteral("Receiver"));
         combo->showPopup();
@@ -340,7 +314,7 @@ private Q_SLOTS:
         // The MIC input applies to receivers only: no editor opens for it now.
         for (int column : {7, 8}) {
             QVERIFY(!(model->flags(type.siblingAtColumn(column)) & Qt::ItemIsEditable));
-            QVERIFY(!openEditor(view, type.siblingAtColumn(column)));
+            QVERIFY(!TestUi::openCellEditor(view, type.siblingAtColumn(column)));
         }
 
         // A value off the list selects nothing, and closing the editor does not rewrite it (a yes/no
@@ -349,7 +323,7 @@ private Q_SLOTS:
         const QModelIndex radioFlag = type.siblingAtColumn(9);
         QVERIFY(model->setData(radioFlag, 2));
         for (const QModelIndex &cell : {type, radioFlag}) {
-            combo = qobject_cast<QComboBox *>(openEditor(view, cell));
+            combo = qobject_cast<QComboBox *>(TestUi::openCellEditor(view, cell));
             QVERIFY(combo);
             QCOMPARE(combo->currentIndex(), -1);
             QTest::keyClick(combo, Qt::Key_Return);

@@ -9,6 +9,7 @@
 #include "terminalpage.h"
 #include "testappdir.h"
 #include "widgets/consolewidget.h"
+#include "widgets/headsetstableeditwidget.h"
 #include "widgets/pixmapwidget.h"
 
 #include <QAction>
@@ -16,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
+#include <QMenu>
 #include <QMessageBox>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -231,6 +233,14 @@ private Q_SLOTS:
         auto *picture = window.findChild<PicturePage *>();
         window.showPage(window.pages()->indexOf(picture));
         QTRY_VERIFY(picture->viewer()->findChild<QLabel *>(QStringLiteral("imageLabel"))->width() > 100);
+
+        // The Edit menu holds the tools of the library page shown, and nothing elsewhere.
+        auto *edit = window.findChild<QMenu *>(QStringLiteral("editMenu"));
+        QVERIFY(!edit->isEnabled());
+        auto *headsets = window.findChild<HeadSetsTableEditWidget *>();
+        window.showPage(window.pages()->indexOf(headsets));
+        QVERIFY(edit->isEnabled());
+        QCOMPARE(edit->actions(), headsets->editActions());
 
         auto *portRow = window.findChild<OptionsPage *>()->findChild<QLabel *>(QStringLiteral("comPort2"));
         QCOMPARE(portRow->text(), QStringLiteral("none"));
