@@ -248,7 +248,7 @@ private Q_SLOTS:
         QDir(m_dir.path()).mkpath("ports");
         QVERIFY(QFile::link("/dev/ptmx", path("ports/COM12")));
         QVERIFY(QFile::link("/dev/ptmx", path("ports/COM3")));
-        QCOMPARE(output({"ports", "--data", "@data"}), QByteArray("3\tCOM3\n12\tCOM12\n"));
+        QCOMPARE(output({"ports", "--data", "@data"}), QByteArray("3\tCOM3\t/dev/ptmx\t\t\n12\tCOM12\t/dev/ptmx\t\t\n"));
     }
 
     void wavImport()
