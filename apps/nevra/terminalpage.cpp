@@ -365,6 +365,7 @@ QWidget *TerminalPage::createTrafficTab()
     m_search->setObjectName(QStringLiteral("search"));
     m_search->setPlaceholderText(tr("Search"));
     m_search->setClearButtonEnabled(true);
+    m_search->setMinimumWidth(140);
     auto *find = new QPushButton(tr("&Find"), tab);
     m_pause = new QCheckBox(tr("&Pause scrolling"), tab);
     m_pause->setObjectName(QStringLiteral("pause"));

@@ -41,8 +41,9 @@ TerminalView::TerminalView(QWidget *parent)
     layout->addWidget(m_splitter);
     m_splitter->addWidget(m_text);
     m_splitter->addWidget(m_hex);
-    m_splitter->setStretchFactor(0, 2);
-    m_splitter->setStretchFactor(1, 3);
+    // The hex side needs room for 16 pairs and their text.
+    m_splitter->setStretchFactor(0, 1);
+    m_splitter->setStretchFactor(1, 2);
     setMaximumRows(defaultMaximumRows);
 
     m_updateTimer->setSingleShot(true);
@@ -124,7 +125,7 @@ void TerminalView::addText(SerialTraffic::Direction direction, const QByteArray 
         return;
     m_pendingText.append({direction, text});
     m_pendingTextLines += lines;
-    trim(m_pendingText, m_pendingTextLines, m_maximumRows);
+    trim(m_pendingText, m_pendingTextLines, qMin(m_maximumRows, rowsPerUpdate));
 }
 
 void TerminalView::addRows(const QList<HexRows::Row> &rows)
@@ -134,7 +135,7 @@ void TerminalView::addRows(const QList<HexRows::Row> &rows)
         m_pendingHex.append({row.direction, (first ? QString() : QStringLiteral("\n")) + HexRows::format(row)});
         ++m_pendingHexLines;
     }
-    trim(m_pendingHex, m_pendingHexLines, m_maximumRows);
+    trim(m_pendingHex, m_pendingHexLines, qMin(m_maximumRows, rowsPerUpdate));
 }
 
 void TerminalView::endHexRow()

@@ -19,8 +19,8 @@ class QTimer;
  * of their own; bytes that do not print show as <HH> in the text view.
  *
  * The view is bounded: it keeps the last maximumRows rows of each side and
- * draws what came in at most every updateIntervalMs, dropping rows that
- * would scroll out before they are seen. A peer that sends as fast as the
+ * draws what came in at most every updateIntervalMs, at most rowsPerUpdate
+ * rows each time: the rows that would scroll past unseen are dropped. A peer that sends as fast as the
  * line allows cannot make the window fall behind; whoever needs every byte
  * keeps a session log.
  */
@@ -30,6 +30,8 @@ class NVRCORE_EXPORT TerminalView : public QWidget
 public:
     static constexpr int defaultMaximumRows = 5000;
     static constexpr int updateIntervalMs = 50;
+    /// More rows than this in one update scroll past unread; only the newest are drawn.
+    static constexpr int rowsPerUpdate = 300;
 
     explicit TerminalView(QWidget *parent = nullptr);
     ~TerminalView() override;
