@@ -81,7 +81,7 @@ TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(createSettingsBar());
-    m_tabs->addTab(createTrafficTab(), tr("&Traffic"));
+    m_tabs->addTab(createTrafficTab(), tr("T&raffic"));
     m_tabs->addTab(m_console, tr("C&ommands"));
     layout->addWidget(m_tabs, 1);
     restoreSettings();
@@ -366,13 +366,13 @@ QWidget *TerminalPage::createTrafficTab()
     m_search->setPlaceholderText(tr("Search"));
     m_search->setClearButtonEnabled(true);
     m_search->setMinimumWidth(140);
-    auto *find = new QPushButton(tr("&Find"), tab);
+    auto *find = new QPushButton(tr("Fin&d"), tab);
     m_pause = new QCheckBox(tr("&Pause scrolling"), tab);
     m_pause->setObjectName(QStringLiteral("pause"));
     auto *clear = new QPushButton(tr("C&lear"), tab);
     clear->setObjectName(QStringLiteral("clear"));
     auto *copy = new QPushButton(tr("Cop&y"), tab);
-    m_logCheck = new QCheckBox(tr("&Log sessions"), tab);
+    m_logCheck = new QCheckBox(tr("Log sessio&ns"), tab);
     m_logCheck->setObjectName(QStringLiteral("logSessions"));
     m_logLabel = new QLabel(tab);
     m_logLabel->setObjectName(QStringLiteral("logFile"));
