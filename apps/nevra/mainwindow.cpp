@@ -132,6 +132,10 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
+    auto *linkState = new QLabel(m_terminal->stateText(), this);
+    linkState->setObjectName(QStringLiteral("linkState"));
+    statusBar()->addPermanentWidget(linkState);
+    connect(m_terminal, &TerminalPage::stateChanged, linkState, &QLabel::setText);
     connect(m_options, &NvrOptions::comPortNumberChanged, this, &MainWindow::updatePortStatus);
     connect(m_options, &NvrOptions::comPort2NumberChanged, this, &MainWindow::updatePortStatus);
     updatePortStatus();

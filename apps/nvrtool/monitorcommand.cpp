@@ -6,6 +6,7 @@
 
 #include "classes/nvroptions.h"
 #include "classes/seriallink.h"
+#include "classes/serialtraffic.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -53,14 +54,6 @@ void writeOut(FILE *stream, const QByteArray &bytes)
     std::fflush(stream);
 }
 
-// "RX 41 0D  A.": the bytes in hex, then what prints of them.
-QByteArray hexLine(const QByteArray &bytes)
-{
-    QByteArray text;
-    for (const char byte : bytes)
-        text += byte >= 0x20 && byte < 0x7F ? byte : '.';
-    return "RX " + bytes.toHex(' ').toUpper() + "  " + text + '\n';
-}
 }
 
 MonitorCommand::MonitorCommand(QObject *parent) : QObject(parent), m_link(new SerialLink(this))
@@ -176,7 +169,7 @@ void MonitorCommand::receive(const QList<QVariant> &values)
     if (bytes.isEmpty())
         return;
     if (m_hex) {
-        const QByteArray line = hexLine(bytes);
+        const QByteArray line = SerialTraffic::hexLine(SerialTraffic::Received, bytes) + '\n';
         writeOut(stdout, m_timestamps ? timestamp() + line : line);
         writeLog(line);
         return;

@@ -3,6 +3,7 @@
 #include "nvroptionsdialog.h"
 
 #include "classes/serialport.h"
+#include "widgets/portlistwidget.h"
 
 #include <QFormLayout>
 #include <QGridLayout>
@@ -38,6 +39,8 @@ NvrOptionsDialog::NvrOptionsDialog(QWidget *parent) : KvBaseFormDialog(parent)
     auto *grid = new QGridLayout;
     grid->addLayout(form, 0, 0);
     grid->addWidget(ports, 1, 0);
+    // Devices as the system knows them, and a COM number for those that have none yet.
+    grid->addWidget(new PortListWidget(this), 2, 0);
     mainLayout()->insertLayout(0, grid);
 
     m_comPortSpinBox->setFocus();

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "classes/nvroptions.h"
 #include "classes/nvroptionsettings.h"
+#include "classes/portinventory.h"
 #include "formdriver.h"
 #include "messageboxrecorder.h"
 #include "ptypair.h"
 #include "testappdir.h"
 #include "testfiles.h"
+#include "widgets/portlistwidget.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -16,6 +18,7 @@
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QTest>
+#include <QTableWidget>
 #include <QTextEdit>
 
 #include <functional>
@@ -213,6 +216,50 @@ private Q_SLOTS:
         }));
         QCOMPARE(port.count() + port2.count(), 2);
         QCOMPARE(values(NvrOptions({})), values(options));
+    }
+
+    // COM numbers with what the system knows of their devices, then the devices without a number.
+    void portList()
+    {
+        PtyPair pty;
+        QVERIFY2(pty.start(), qPrintable(pty.error()));
+        const PortInventory::Device adapter{QStringLiteral("/dev/ttyUSB0"),
+                                            QStringLiteral("/dev/serial/by-id/usb-Maker_Cable_A10K-if00-port0"),
+                                            QStringLiteral("Maker"), QStringLiteral("0403:6001"),
+                                            QStringLiteral("A10K")};
+        const PortInventory::Device board{QStringLiteral("/dev/ttyACM0"), QString(), QStringLiteral("Boards Inc"),
+                                          QStringLiteral("2341:0043"), QStringLiteral("75")};
+        const QList<PortInventory::Entry> entries = PortInventory::entries(
+            {adapter, board}, {{QStringLiteral("COM2"), pty.deviceA()}, {QStringLiteral("COM3"), adapter.location}});
+        QStringList shown;
+        for (const PortInventory::Entry &entry : entries)
+            shown.append(QStringList{QString::number(entry.number), entry.device, entry.manufacturer, entry.vidPid,
+                                     entry.serialNumber}
+                             .join(QLatin1Char(',')));
+        QCOMPARE(shown, (QStringList{QStringLiteral("2,") + pty.deviceA() + QStringLiteral(",,,"),
+                                     QStringLiteral("3,") + adapter.byId + QStringLiteral(",Maker,0403:6001,A10K"),
+                                     QStringLiteral("0,/dev/ttyACM0,Boards Inc,2341:0043,75")}));
+
+        // The table follows links made and removed; a number is given once.
+        QDir ports(TestAppDir::filePath(QStringLiteral("ports")));
+        QVERIFY(ports.mkpath(QStringLiteral(".")));
+        QVERIFY(QFile::link(pty.portA(), ports.filePath(QStringLiteral("COM5"))));
+        PortListWidget list;
+        QTableWidget *table = list.table();
+        const auto rowOf = [table](const QString &com) {
+            const QList<QTableWidgetItem *> found = table->findItems(com, Qt::MatchExactly);
+            return found.isEmpty() ? QString() : table->item(found.first()->row(), 1)->text();
+        };
+        QCOMPARE(rowOf(QStringLiteral("COM5")), pty.deviceA());
+        QString error;
+        QVERIFY(PortInventory::assign(6, {pty.deviceB(), QString(), QString(), QString(), QString()}, &error));
+        QTRY_COMPARE_WITH_TIMEOUT(rowOf(QStringLiteral("COM6")), pty.deviceB(), 1000);
+        QCOMPARE(QFile::symLinkTarget(ports.filePath(QStringLiteral("COM6"))), pty.deviceB());
+        QVERIFY(!PortInventory::assign(6, {pty.deviceA(), QString(), QString(), QString(), QString()}, &error));
+        QCOMPARE(error, QStringLiteral("COM6 already names %1.").arg(pty.deviceB()));
+        QCOMPARE(PortInventory::firstFreeNumber(), 1);
+        QVERIFY(QFile::remove(ports.filePath(QStringLiteral("COM5"))));
+        QTRY_COMPARE_WITH_TIMEOUT(rowOf(QStringLiteral("COM5")), QString(), 1000);
     }
 
 private:
