@@ -32,11 +32,13 @@ Figures measure(const QAbstractItemModel *proxy, Filter filter, All all)
     for (int i = 0; i < Repeats; ++i) {
         QElapsedTimer timer;
         timer.start();
+        // The row count makes a proxy that filters on demand do its work inside the timing.
         filter();
-        best.filter = qMin(best.filter, timer.nsecsElapsed() / 1e6);
         best.shown = proxy->rowCount();
+        best.filter = qMin(best.filter, timer.nsecsElapsed() / 1e6);
         timer.restart();
         all();
+        proxy->rowCount();
         best.all = qMin(best.all, timer.nsecsElapsed() / 1e6);
     }
     return best;
