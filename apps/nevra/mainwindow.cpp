@@ -77,6 +77,7 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
         if (!item)
             return;
         if (item->data(pageIndexRole).isValid()) {
+            makePage(item->data(pageIndexRole).toInt());
             m_pages->setCurrentIndex(item->data(pageIndexRole).toInt());
             return;
         }
@@ -99,33 +100,45 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     welcome->setWordWrap(true);
     addPage(welcome, tr("Start"));
     addSection(tr("Libraries"));
-    addPage(new RtsTableEditWidget(m_pages), tr("Radios"), [] { return RtsFile::instance()->askToSave(); });
-    addPage(new HeadSetsTableEditWidget(m_pages), tr("Headsets"),
+    // Pages are built when first shown, so that the window appears without
+    // waiting for every library to load and every table to fill.
+    addPage([this] { return new RtsTableEditWidget(m_pages); }, tr("Radios"),
+            [] { return RtsFile::instance()->askToSave(); });
+    addPage([this] { return new HeadSetsTableEditWidget(m_pages); }, tr("Headsets"),
             [] { return NvrLibraries::headSets()->askToSave(true); });
-    addPage(new AudioSystemsTableEditWidget(m_pages), tr("Audio Systems"),
+    addPage([this] { return new AudioSystemsTableEditWidget(m_pages); }, tr("Audio Systems"),
             [] { return CsvTextQuestion::askToSave(AudioSystemsModel::instance()); });
-    addPage(new LowImpedanceIntercomsTableEditWidget(m_pages), tr("Intercoms"),
+    addPage([this] { return new LowImpedanceIntercomsTableEditWidget(m_pages); }, tr("Intercoms"),
             [] { return CsvTextQuestion::askToSave(LowImpedanceIntercomsModel::instance()); });
-    addPage(new MusicSystemsTableEditWidget(m_pages), tr("Music Systems"),
+    addPage([this] { return new MusicSystemsTableEditWidget(m_pages); }, tr("Music Systems"),
             [] { return CsvTextQuestion::askToSave(MusicSystemsModel::instance()); });
-    addPage(new BluetoothDevicesTableEditWidget(m_pages), tr("Bluetooth Devices"),
+    addPage([this] { return new BluetoothDevicesTableEditWidget(m_pages); }, tr("Bluetooth Devices"),
             [] { return CsvTextQuestion::askToSave(NvrLibraries::bluetoothDevices()); });
-    addPage(new NonAircraftRadiosTableEditWidget(m_pages), tr("Non-Aircraft Radios"),
+    addPage([this] { return new NonAircraftRadiosTableEditWidget(m_pages); }, tr("Non-Aircraft Radios"),
             [] { return CsvTextQuestion::askToSave(NvrLibraries::nonAircraftRadios()); });
-    addPage(new SerialDataDevicesTableEditWidget(m_pages), tr("Serial Data Devices"),
+    addPage([this] { return new SerialDataDevicesTableEditWidget(m_pages); }, tr("Serial Data Devices"),
             [] { return CsvTextQuestion::askToSave(NvrLibraries::serialDataDevices()); });
-    addPage(new LegendsConvertTableEditWidget(m_pages), tr("Legends"),
+    addPage([this] { return new LegendsConvertTableEditWidget(m_pages); }, tr("Legends"),
             [] { return NvrLibraries::legends()->askToSave(true); });
-    addPage(new ProductConfigsWidget(m_pages), tr("Product Configurations"),
+    // Product headers look up hardware configurations in the products table, so
+    // it is loaded at once even while its page is not yet built.
+    ProductsFile::instance();
+    addPage([this] { return new ProductConfigsWidget(m_pages); }, tr("Product Configurations"),
             [] { return ProductsFile::instance()->maybeSave(); });
     addSection(tr("Product"));
-    auto *headerPage = new HeaderPage(m_pages);
-    addPage(headerPage, tr("Product Header"), [headerPage] { return headerPage->maybeSave(); });
+    const int headerIndex = m_pages->count();
+    addPage([this] { return new HeaderPage(m_pages); }, tr("Product Header"), [this, headerIndex] {
+        auto *page = qobject_cast<HeaderPage *>(m_pages->widget(headerIndex));
+        return !page || page->maybeSave();
+    });
     addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
-    addPage(new PicturePage(m_pages), tr("Picture"));
+    addPage([this] { return new PicturePage(m_pages); }, tr("Picture"));
     addSection(tr("Tools"));
-    auto *audioPage = new AudioPage(this);
-    addPage(audioPage, tr("Audio"), [audioPage] { return audioPage->maybeSave(); });
+    const int audioIndex = m_pages->count();
+    addPage([this] { return new AudioPage(this); }, tr("Audio"), [this, audioIndex] {
+        auto *page = qobject_cast<AudioPage *>(m_pages->widget(audioIndex));
+        return !page || page->maybeSave();
+    });
     addPage(new OptionsPage(m_options, m_pages), tr("Options"));
     // Wide enough for the longest title, and no wider: the pages need the room.
     m_pageList->setFixedWidth(m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + 24);
@@ -155,6 +168,16 @@ QString MainWindow::pageTitle(int index) const
     return item ? item->text() : QString();
 }
 
+int MainWindow::pageIndex(const QString &title) const
+{
+    for (int row = 0; row < m_pageList->count(); ++row) {
+        const QListWidgetItem *item = m_pageList->item(row);
+        if (item->text() == title && item->data(pageIndexRole).isValid())
+            return item->data(pageIndexRole).toInt();
+    }
+    return -1;
+}
+
 void MainWindow::addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave)
 {
     auto *item = new QListWidgetItem(title, m_pageList);
@@ -163,6 +186,34 @@ void MainWindow::addPage(QWidget *page, const QString &title, const std::functio
         editor->readSettings();
     if (askToSave)
         m_savePrompts.append(askToSave);
+}
+
+void MainWindow::addPage(const std::function<QWidget *()> &make, const QString &title,
+                         const std::function<bool()> &askToSave)
+{
+    auto *placeholder = new QWidget(m_pages);
+    m_pageMakers.insert(placeholder, make);
+    auto *item = new QListWidgetItem(title, m_pageList);
+    item->setData(pageIndexRole, m_pages->addWidget(placeholder));
+    if (askToSave)
+        m_savePrompts.append(askToSave);
+}
+
+void MainWindow::makePage(int index)
+{
+    QWidget *placeholder = m_pages->widget(index);
+    const auto maker = m_pageMakers.find(placeholder);
+    if (maker == m_pageMakers.end())
+        return;
+    const std::function<QWidget *()> make = maker.value();
+    m_pageMakers.erase(maker);
+    QWidget *page = make();
+    // The page takes the placeholder's index; the page shown stays the same.
+    m_pages->insertWidget(index, page);
+    m_pages->removeWidget(placeholder);
+    delete placeholder;
+    if (auto *editor = qobject_cast<TableEditWidget *>(page))
+        editor->readSettings();
 }
 
 void MainWindow::addSection(const QString &title)
@@ -177,8 +228,10 @@ void MainWindow::addSection(const QString &title)
 
 void MainWindow::showPage(int index)
 {
-    if (index >= 0 && index < m_pages->count())
+    if (index >= 0 && index < m_pages->count()) {
+        makePage(index);
         m_pages->setCurrentIndex(index);
+    }
     m_pageList->setCurrentRow(rowOfPage(m_pages->currentIndex()));
 }
 

@@ -3,6 +3,7 @@
 #ifndef NEVRA_MAINWINDOW_H
 #define NEVRA_MAINWINDOW_H
 
+#include <QHash>
 #include <QMainWindow>
 
 #include <functional>
@@ -32,6 +33,8 @@ public:
     QListWidget *pageList() const { return m_pageList; }
     /// The title under which the page at index of pages() is listed.
     QString pageTitle(int index) const;
+    /// The index in pages() of the page listed under title; -1 when there is none.
+    int pageIndex(const QString &title) const;
     /**
      * Adds a page to the list under the last section heading; the page's
      * objectName identifies it in tests. askToSave, when given, offers to
@@ -39,6 +42,14 @@ public:
      * false when the user cancels.
      */
     void addPage(QWidget *page, const QString &title, const std::function<bool()> &askToSave = {});
+    /**
+     * Adds a page that make() builds when the page is first shown; until
+     * then an empty placeholder holds its place in pages(). askToSave is
+     * asked at close whether or not the page was built, since a library
+     * can change without its page.
+     */
+    void addPage(const std::function<QWidget *()> &make, const QString &title,
+                 const std::function<bool()> &askToSave = {});
     /// Adds a heading to the list; it cannot be chosen.
     void addSection(const QString &title);
     void showPage(int index);
@@ -52,6 +63,8 @@ private:
     /// Shows the next page in the list, or the previous one for a negative step, wrapping around.
     void stepPage(int step);
     int rowOfPage(int index) const;
+    /// Builds the page at index if it still is a placeholder.
+    void makePage(int index);
     void updatePortStatus();
     void editOptions();
     void about();
@@ -61,6 +74,8 @@ private:
     QStackedWidget *m_pages;
     QLabel *m_portStatus;
     QList<std::function<bool()>> m_savePrompts;
+    /// The builders of pages not yet shown, by their placeholder.
+    QHash<QWidget *, std::function<QWidget *()>> m_pageMakers;
     /// Asks before a CSV library is saved with text its file cannot keep.
     std::unique_ptr<CsvTextQuestion> m_csvTextQuestion;
     TerminalPage *m_terminal = nullptr;

@@ -134,7 +134,7 @@ bool KvSortFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex &
     if (!QSortFilterProxyModel::filterAcceptsRow(sourceRow, sourceParent))
         return false;
     const QAbstractItemModel *source = sourceModel();
-    if (!source)
+    if (!source || (m_filterText.isEmpty() && m_searchString.isEmpty()))
         return true;
     QList<int> allColumns;
     for (int column = 0; column < source->columnCount(sourceParent); ++column)

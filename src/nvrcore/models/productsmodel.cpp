@@ -16,6 +16,15 @@ ProductsModel::ProductsModel(QObject *parent)
                            NoOptions, parent)
 {
     setObjectName(QStringLiteral("ProductsModel"));
+    connect(this, &QAbstractItemModel::rowsInserted, this, &ProductsModel::dropProductIndex);
+    connect(this, &QAbstractItemModel::rowsRemoved, this, &ProductsModel::dropProductIndex);
+    connect(this, &QAbstractItemModel::rowsMoved, this, &ProductsModel::dropProductIndex);
+    connect(this, &QAbstractItemModel::modelReset, this, &ProductsModel::dropProductIndex);
+    connect(this, &QAbstractItemModel::layoutChanged, this, &ProductsModel::dropProductIndex);
+    connect(this, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex &topLeft, const QModelIndex &) {
+        if (topLeft.column() <= ProductNumber)
+            dropProductIndex();
+    });
 }
 
 ProductsModel::~ProductsModel() = default;
@@ -68,6 +77,29 @@ QString ProductsModel::text(int row, int column) const
     return index(row, column).data(Qt::EditRole).toString();
 }
 
+void ProductsModel::dropProductIndex()
+{
+    m_productIndexValid = false;
+    m_productRows.clear();
+}
+
+QList<int> ProductsModel::rowsOfProduct(const QVariant &productNumber) const
+{
+    if (!m_productIndexValid) {
+        m_productRows.clear();
+        const int rows = rowCount();
+        for (int row = 0; row < rows; ++row)
+            m_productRows[index(row, ProductNumber).data(Qt::EditRole).toString()].append(row);
+        m_productIndexValid = true;
+    }
+    // The text groups the candidates; the values themselves decide, as an exact match over the column would.
+    QList<int> rows = m_productRows.value(productNumber.toString());
+    rows.erase(std::remove_if(rows.begin(), rows.end(),
+                              [&](int row) { return !(productNumber == index(row, ProductNumber).data(Qt::EditRole)); }),
+               rows.end());
+    return rows;
+}
+
 bool ProductsModel::itemIsValid(const QModelIndex &index) const
 {
     if (!index.isValid())
@@ -92,7 +124,7 @@ bool ProductsModel::itemIsValid(const QModelIndex &index) const
 bool ProductsModel::revsOverlap(int row, const QString &startRev, const QString &endRev) const
 {
     bool overlap = false;
-    const QList<int> rows = findRows(ProductNumber, index(row, ProductNumber).data(Qt::EditRole));
+    const QList<int> rows = rowsOfProduct(index(row, ProductNumber).data(Qt::EditRole));
     for (int other : rows) {
         if (other == row)
             continue;
@@ -114,7 +146,7 @@ bool ProductsModel::rangesOverlap(const QString &startRev, const QString &endRev
 
 QStringList ProductsModel::buildConfigurations(const QString &productNumber) const
 {
-    const QList<int> rows = findRows(ProductNumber, productNumber);
+    const QList<int> rows = rowsOfProduct(productNumber);
     if (rows.isEmpty())
         return {QStringLiteral("A")};
     QStringList letters;
@@ -140,7 +172,7 @@ QStringList ProductsModel::buildConfigurations(const QModelIndex &index) const
 
 QString ProductsModel::buildConfiguration(const QString &productNumber, int hardwareConfiguration) const
 {
-    const QList<int> rows = findRows(ProductNumber, productNumber);
+    const QList<int> rows = rowsOfProduct(productNumber);
     for (int row : rows) {
         if (index(row, HardwareConfiguration).data(Qt::EditRole).toInt() == hardwareConfiguration)
             return text(row, StartRev);
@@ -151,7 +183,7 @@ QString ProductsModel::buildConfiguration(const QString &productNumber, int hard
 int ProductsModel::hardwareConfiguration(const QString &productNumber, const QString &buildRev) const
 {
     int result = 1;
-    const QList<int> rows = findRows(ProductNumber, productNumber);
+    const QList<int> rows = rowsOfProduct(productNumber);
     for (int row : rows) {
         const int configuration = index(row, HardwareConfiguration).data(Qt::EditRole).toInt();
         if (text(row, StartRev) <= buildRev && buildRev <= text(row, EndRev))

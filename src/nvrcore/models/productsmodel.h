@@ -7,6 +7,8 @@
 
 #include "kvabstracttablemodel.h"
 
+#include <QHash>
+
 /**
  * The product configurations: for each product number, the ranges of build
  * configuration revisions (capital letters, compared as strings) and the
@@ -52,6 +54,18 @@ private:
     ~ProductsModel() override;
 
     QString text(int row, int column) const;
+    /// The rows whose product number equals that of row, in row order (row itself included).
+    QList<int> rowsOfProduct(const QVariant &productNumber) const;
+    void dropProductIndex();
+
+    /**
+     * Rows by the text of their product number, built on first use and
+     * dropped on every change that can move a product: the validity check
+     * runs for every painted cell, and a scan of the whole table per cell
+     * made large tables unusable.
+     */
+    mutable QHash<QString, QList<int>> m_productRows;
+    mutable bool m_productIndexValid = false;
 };
 
 #endif

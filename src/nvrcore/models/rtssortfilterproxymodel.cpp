@@ -22,7 +22,51 @@ Rt::RtTypes RtsSortFilterProxyModel::rtTypesFilter() const
 void RtsSortFilterProxyModel::setRtTypesFilter(const QFlags<Rt::RtType> &types)
 {
     m_types = types;
-    invalidateFilter();
+    // A new type lets in or out rows all over the sorted list; taken out or put
+    // back one stretch at a time, each stretch costs a pass over the whole
+    // list, so the list is filtered and sorted again in one go.
+    invalidate();
+}
+
+void RtsSortFilterProxyModel::setSourceModel(QAbstractItemModel *sourceModel)
+{
+    for (const QMetaObject::Connection &connection : std::as_const(m_sourceConnections))
+        disconnect(connection);
+    m_sourceConnections.clear();
+    dropSortKeys();
+    // Connected before the base class connects, so that the keys are gone
+    // before the base class sorts the changed rows in again.
+    if (sourceModel) {
+        const auto drop = [this] { dropSortKeys(); };
+        m_sourceConnections = {connect(sourceModel, &QAbstractItemModel::dataChanged, this, drop),
+                               connect(sourceModel, &QAbstractItemModel::rowsInserted, this, drop),
+                               connect(sourceModel, &QAbstractItemModel::rowsRemoved, this, drop),
+                               connect(sourceModel, &QAbstractItemModel::rowsMoved, this, drop),
+                               connect(sourceModel, &QAbstractItemModel::layoutChanged, this, drop),
+                               connect(sourceModel, &QAbstractItemModel::modelReset, this, drop)};
+    }
+    KvSortFilterProxyModel::setSourceModel(sourceModel);
+}
+
+void RtsSortFilterProxyModel::dropSortKeys()
+{
+    m_sortKeys.clear();
+}
+
+const RtsSortFilterProxyModel::SortKey &RtsSortFilterProxyModel::sortKey(int sourceRow) const
+{
+    const QAbstractItemModel *model = sourceModel();
+    if (m_sortKeys.isEmpty()) {
+        const int rows = model->rowCount();
+        m_sortKeys.resize(rows);
+        for (int row = 0; row < rows; ++row) {
+            SortKey &key = m_sortKeys[row];
+            key.id = model->index(row, RtsTableModel::IdColumn).data(Qt::EditRole).toInt();
+            key.name = model->index(row, RtsTableModel::ManufacturerColumn).data().toString();
+            key.model = model->index(row, RtsTableModel::ModelColumn).data().toString();
+        }
+    }
+    return m_sortKeys.at(sourceRow);
 }
 
 bool RtsSortFilterProxyModel::filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const
@@ -49,9 +93,10 @@ bool RtsSortFilterProxyModel::acceptsType(int sourceRow, const QModelIndex &sour
 
 bool RtsSortFilterProxyModel::lessThan(const QModelIndex &left, const QModelIndex &right) const
 {
-    const QAbstractItemModel *model = sourceModel();
-    const int leftId = model->index(left.row(), RtsTableModel::IdColumn).data(Qt::EditRole).toInt();
-    const int rightId = model->index(right.row(), RtsTableModel::IdColumn).data(Qt::EditRole).toInt();
+    const SortKey &leftKey = sortKey(left.row());
+    const SortKey &rightKey = sortKey(right.row());
+    const int leftId = leftKey.id;
+    const int rightId = rightKey.id;
     if (leftId <= LastDefaultRtId || rightId <= LastDefaultRtId) {
         // Answer so that after the view's ordering the defaults come first, in ascending id order.
         if (sortOrder() == Qt::DescendingOrder)
@@ -59,10 +104,10 @@ bool RtsSortFilterProxyModel::lessThan(const QModelIndex &left, const QModelInde
         return rightId > LastDefaultRtId ? true : leftId < rightId;
     }
     if (sortColumn() == RtsTableModel::ManufacturerColumn) {
-        const QString leftName = left.data().toString();
-        const QString rightName = right.data().toString();
-        const QString leftModel = model->index(left.row(), RtsTableModel::ModelColumn).data().toString();
-        const QString rightModel = model->index(right.row(), RtsTableModel::ModelColumn).data().toString();
+        const QString &leftName = leftKey.name;
+        const QString &rightName = rightKey.name;
+        const QString &leftModel = leftKey.model;
+        const QString &rightModel = rightKey.model;
         if (isNaturalSort()) {
             if (naturalLessThan(leftName, rightName))
                 return true;

@@ -9,6 +9,8 @@
 
 #include "kvsortfilterproxymodel.h"
 
+#include <QVector>
+
 /**
  * Filters an RtsTableModel by radio type and sorts it with the generic
  * default records (ids 0 to 9) always on top, in id order, whichever way
@@ -34,6 +36,7 @@ public:
 
     Rt::RtTypes rtTypesFilter() const;
     void setRtTypesFilter(const QFlags<Rt::RtType> &types);
+    void setSourceModel(QAbstractItemModel *sourceModel) override;
 
 protected:
     bool filterAcceptsRow(int sourceRow, const QModelIndex &sourceParent) const override;
@@ -42,7 +45,26 @@ protected:
 private:
     bool acceptsType(int sourceRow, const QModelIndex &sourceParent) const;
 
+    /// What lessThan() reads of one source row.
+    struct SortKey
+    {
+        int id = 0;
+        QString name;
+        QString model;
+    };
+    /// The key of a source row, read from the source on first use after a change.
+    const SortKey &sortKey(int sourceRow) const;
+    void dropSortKeys();
+
     Rt::RtTypes m_types = Rt::AllTypes;
+    /**
+     * A filter that lets rows back in sorts them into the list, comparing
+     * each new row many times; reading the cells for every comparison made
+     * filtering a large library take a noticeable moment, so the keys are
+     * read once and kept until the source changes.
+     */
+    mutable QVector<SortKey> m_sortKeys;
+    QList<QMetaObject::Connection> m_sourceConnections;
 };
 
 #endif

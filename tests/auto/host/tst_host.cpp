@@ -191,8 +191,8 @@ private Q_SLOTS:
             ProductDataHeader written;
             written.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0, QStringLiteral("B"));
             QVERIFY(TestFiles::write(opened, written.data()));
-            auto *page = window->findChild<HeaderPage *>();
-            window->showPage(window->pages()->indexOf(page));
+            window->showPage(window->pageIndex(QStringLiteral("Product Header")));
+            auto *page = qobject_cast<HeaderPage *>(window->pages()->currentWidget());
             QVERIFY(page->openFile(opened));
             auto *serial = page->findChild<QLineEdit *>(QStringLiteral("serialNumber"));
             serial->setFocus();
@@ -205,7 +205,8 @@ private Q_SLOTS:
                                         QStringLiteral("synth"), QStringLiteral("1"), QStringLiteral("sine"),
                                         QStringLiteral("440")}),
                      0);
-            QVERIFY(window->findChild<AudioPage *>()->importFile(sound));
+            window->showPage(window->pageIndex(QStringLiteral("Audio")));
+            QVERIFY(qobject_cast<AudioPage *>(window->pages()->currentWidget())->importFile(sound));
             workFile = NvrWav::workFileName(sound);
             QVERIFY(QFile::exists(workFile));
             target = dir.filePath(QStringLiteral("saved.wav"));
@@ -340,6 +341,7 @@ private Q_SLOTS:
         MessageBoxRecorder boxes(QMessageBox::Cancel);
         int editors = 0;
         for (int page = 0; page < window.pages()->count(); ++page) {
+            window.showPage(page);
             auto *editor = qobject_cast<TableEditWidget *>(window.pages()->widget(page));
             if (!editor)
                 continue;
@@ -385,7 +387,8 @@ private Q_SLOTS:
         ProductDataHeader header;
         header.setProductInfo(QStringLiteral("KV-37"), QStringLiteral("4711"), 0x5, QStringLiteral("B"));
         QVERIFY(TestFiles::write(headerFile, header.data()));
-        QVERIFY(window.findChild<HeaderPage *>()->openFile(headerFile));
+        window.showPage(window.pageIndex(QStringLiteral("Product Header")));
+        QVERIFY(qobject_cast<HeaderPage *>(window.pages()->currentWidget())->openFile(headerFile));
         QStringList titles;
         for (int index = 0; index < window.pages()->count(); ++index) {
             window.showPage(index);

@@ -230,15 +230,16 @@ private Q_SLOTS:
         QVERIFY(!terminal->isConnected());
 
         // The picture is fitted to its page when the page shows.
-        auto *picture = window.findChild<PicturePage *>();
-        window.showPage(window.pages()->indexOf(picture));
+        window.showPage(window.pageIndex(QStringLiteral("Picture")));
+        auto *picture = qobject_cast<PicturePage *>(window.pages()->currentWidget());
         QTRY_VERIFY(picture->viewer()->findChild<QLabel *>(QStringLiteral("imageLabel"))->width() > 100);
 
         // The Edit menu holds the tools of the library page shown, and nothing elsewhere.
         auto *edit = window.findChild<QMenu *>(QStringLiteral("editMenu"));
         QVERIFY(!edit->isEnabled());
-        auto *headsets = window.findChild<HeadSetsTableEditWidget *>();
-        window.showPage(window.pages()->indexOf(headsets));
+        QVERIFY(!window.findChild<HeadSetsTableEditWidget *>()); // built when first shown
+        window.showPage(window.pageIndex(QStringLiteral("Headsets")));
+        auto *headsets = qobject_cast<HeadSetsTableEditWidget *>(window.pages()->currentWidget());
         QVERIFY(edit->isEnabled());
         QCOMPARE(edit->actions(), headsets->editActions());
 

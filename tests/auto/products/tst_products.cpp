@@ -140,6 +140,66 @@ private Q_SLOTS:
         QCOMPARE(model->hardwareConfiguration(QStringLiteral("unknown"), QStringLiteral("C")), 1);
     }
 
+    void validityFollowsEveryEdit()
+    {
+        // The validity of every cell, worked out from the rule over the whole table,
+        // against what the model answers; compared again after each kind of edit, so
+        // that a lookup of a product's rows that lags behind the table shows.
+        const auto expected = [](const ProductsModel *model) {
+            QStringList cells;
+            for (int row = 0; row < model->rowCount(); ++row) {
+                const auto cell = [&](int r, int c) { return model->index(r, c).data(Qt::EditRole).toString(); };
+                const QString start = cell(row, 1);
+                const QString end = cell(row, 2);
+                bool overlap = false;
+                for (int other = 0; other < model->rowCount(); ++other) {
+                    if (other != row && cell(other, 0) == cell(row, 0)
+                        && ProductsModel::rangesOverlap(start, end, cell(other, 1), cell(other, 2)))
+                        overlap = true;
+                }
+                const bool range = !(end < start) && !overlap;
+                cells << QStringLiteral("%1%2%3%4")
+                             .arg(int(!cell(row, 0).isEmpty()))
+                             .arg(int(range))
+                             .arg(int(range))
+                             .arg(int(model->index(row, 3).data(Qt::EditRole).toInt() != 0));
+            }
+            return cells;
+        };
+        const auto actual = [](const ProductsModel *model) {
+            QStringList cells;
+            for (int row = 0; row < model->rowCount(); ++row) {
+                QString flags;
+                for (int column = 0; column < 4; ++column)
+                    flags += QString::number(int(model->itemIsValid(model->index(row, column))));
+                cells << flags;
+            }
+            return cells;
+        };
+
+        ProductsModel *model = fillProducts({"P A C 1", "Q A C 1", "P D F 2", "P C D 3", "R B A 1", "- A B 1",
+                                             "- B C 0", "Q D D 2", "S A Z 1", "P H J x", "R A A 1", "p A C 1"});
+        QCOMPARE(actual(model), expected(model));
+        QVERIFY(!model->itemIsValid(model->index(0, 1)) && model->itemIsValid(model->index(11, 1)));
+
+        model->setData(model->index(3, 0), QStringLiteral("S")); // moves a row to another product
+        QCOMPARE(actual(model), expected(model));
+        QVERIFY(model->itemIsValid(model->index(0, 1)) && !model->itemIsValid(model->index(3, 1)));
+        model->setData(model->index(7, 2), QStringLiteral("B")); // out of order, and no longer beside A to C
+        model->setData(model->index(7, 1), QStringLiteral("B"));
+        QCOMPARE(actual(model), expected(model));
+        model->insertRows(1, 2); // two new rows: empty product, A to A
+        model->setData(model->index(2, 0), QStringLiteral("Q"));
+        QCOMPARE(actual(model), expected(model));
+        model->removeRows(0, 3);
+        QCOMPARE(actual(model), expected(model));
+        model->revert(); // back to the stored table
+        QCOMPARE(model->rowCount(), 12);
+        QCOMPARE(actual(model), expected(model));
+        QCOMPARE(model->buildConfigurations(QStringLiteral("P")).join(QString()), QStringLiteral("ABCCDDEFHIJ"));
+        QCOMPARE(model->hardwareConfiguration(QStringLiteral("Q"), QStringLiteral("Z")), 2);
+    }
+
     void jsonRoundTrip()
     {
         ProductsModel *model = fillProducts({"P A C 1", "Q\"x\" D F 2"});

@@ -334,10 +334,10 @@ private Q_SLOTS:
             MainWindow window(&options);
             window.show();
             QVERIFY(QTest::qWaitForWindowExposed(&window));
-            auto *page = window.findChild<ProductConfigsWidget *>(QStringLiteral("ProductConfigsWidget"));
+            const int tab = window.pageIndex(QStringLiteral("Product Configurations"));
+            window.showPage(tab);
+            auto *page = qobject_cast<ProductConfigsWidget *>(window.pages()->currentWidget());
             QVERIFY(page);
-            const int tab = window.pages()->indexOf(page);
-                window.showPage(tab);
             QCOMPARE(page->tableViewWidget()->view()->model()->rowCount(), 3);
 
             // A folder in the file's place: the save after the edit fails, and closing offers it again.

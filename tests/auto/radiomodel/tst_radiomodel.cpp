@@ -286,6 +286,31 @@ private Q_SLOTS:
         QCOMPARE(idsInProxyOrder(proxy), (QList<int>{0, 1, 2, 3, 201, 200, 54, 14, 23, 24, 76, 62}));
         proxy.sort(RtsTableModel::IdColumn, Qt::DescendingOrder);
         QCOMPARE(idsInProxyOrder(proxy), (QList<int>{0, 1, 2, 3, 201, 200, 76, 62, 54, 24, 23, 14}));
+
+        // The order follows every kind of edit, as a proxy set up afresh would sort.
+        proxy.sort(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
+        const auto sortedAfresh = [](QAbstractItemModel *source) {
+            RtsSortFilterProxyModel fresh;
+            fresh.setSourceModel(source);
+            fresh.sort(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
+            return idsInProxyOrder(fresh);
+        };
+        const QModelIndex cvr = model.locateRtId(76);
+        QVERIFY(model.setData(cvr.sibling(cvr.row(), RtsTableModel::ManufacturerColumn), QStringLiteral("AAA")));
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
+        QCOMPARE(idsInProxyOrder(proxy).at(4), 76); // from near the end to the first after the defaults
+        QVERIFY(model.insertRows(model.rowCount(), 1)); // "New Rt"
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
+        QVERIFY(model.removeRows(5, 2));
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
+        proxy.setRtTypesFilter(Rt::Cvr);
+        proxy.setRtTypesFilter(Rt::AllTypes); // every row sorted back in
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
+        RtsTableModel other;
+        other.insertFromStringsList(sampleRecords());
+        proxy.setSourceModel(&other);
+        proxy.sort(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&other));
     }
 };
 
