@@ -8,6 +8,7 @@
 #include "nvrtool.h"
 
 #include <QFileInfo>
+#include <QLoggingCategory>
 
 int LibImportCommand::run(NvrTool &tool, const QString &name, const QString &fileName)
 {
@@ -27,6 +28,8 @@ int LibImportCommand::run(NvrTool &tool, const QString &name, const QString &fil
     if (!lock.tryLock())
         return tool.fail(lock.errorString());
 
+    // The models trace every cell they take on standard error; the tool answers in one line there.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.debug=false"));
     LibraryImport merge(library->open());
     if (!merge.isSupported()) {
         library->close();
