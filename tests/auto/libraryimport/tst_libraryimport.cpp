@@ -13,6 +13,7 @@
 #include "testappdir.h"
 #include "widgets/legendsconverttableeditwidget.h"
 #include "widgets/musicsystemstableeditwidget.h"
+#include "widgets/rtstableeditwidget.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -276,6 +277,20 @@ private Q_SLOTS:
             const QJsonArray records = QJsonDocument::fromJson(contents(other("chosen.json"))).array();
             QCOMPARE(records.size(), 2);
             QVERIFY(records.at(0).toObject().contains(QLatin1String("Company")));
+        }
+
+        // The radios page edits through a filter proxy; the merge reaches the table behind it.
+        RtsTableEditWidget radios;
+        radios.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&radios));
+        {
+            MessageBoxRecorder boxes;
+            FileDialogChooser chooser(other("radiosuser.dat"));
+            QTest::mouseClick(radios.findChild<QPushButton *>(QStringLiteral("importButton")), Qt::LeftButton);
+            QTRY_VERIFY(boxes.count() == 1);
+            QVERIFY2(boxes.last().text.contains(QLatin1String("imported 2, skipped 1 already present")),
+                     qPrintable(boxes.last().text));
+            QVERIFY(RtsTableModel::instance()->locateRt(QStringLiteral("Acme"), QStringLiteral("R2")).isValid());
         }
 
         // Libraries without user records offer no Import.
