@@ -7,7 +7,7 @@
 
 class NvrTool;
 
-/// "nvrtool lib export": a library's table as CSV or JSON.
+/// "nvrtool lib export": a library's table as CSV or JSON; "lib import" is handed to LibImportCommand.
 class LibCommand
 {
 public:

@@ -131,34 +131,6 @@ const LibraryTable::Entry s_libraries[] = {
     owned<SerialDataDevices>("serialdatadevices", "serialdatadevices.csv"),
 };
 
-QStringList columnTitles(const QAbstractItemModel &model)
-{
-    QStringList titles;
-    for (int column = 0; column < model.columnCount(); ++column)
-        titles << model.headerData(column, Qt::Horizontal).toString();
-    return titles;
-}
-
-// The stored value, as a script wants it, not the text a view shows.
-QString cellText(const QAbstractItemModel &model, int row, int column)
-{
-    return model.data(model.index(row, column), Qt::EditRole).toString();
-}
-
-QByteArray csvLine(const QStringList &cells)
-{
-    QStringList quoted;
-    for (QString cell : cells) {
-        if (cell.contains(QLatin1Char(',')) || cell.contains(QLatin1Char('"')) || cell.contains(QLatin1Char('\n'))
-            || cell.contains(QLatin1Char('\r'))) {
-            cell.replace(QLatin1String("\""), QLatin1String("\"\""));
-            cell = QLatin1Char('"') + cell + QLatin1Char('"');
-        }
-        quoted << cell;
-    }
-    return quoted.join(QLatin1Char(',')).toUtf8() + '\n';
-}
-
 }
 
 QStringList LibraryTable::names()
@@ -208,29 +180,4 @@ QString LibraryTable::problem(const Entry &library, const QString &dataDirectory
     return QStringLiteral("%1: %2 %3 not in %4")
         .arg(QLatin1String(library.name), missing.join(QLatin1String(" and ")),
              missing.size() == 1 ? QLatin1String("is") : QLatin1String("are"), dataDirectory);
-}
-
-QByteArray LibraryTable::toCsv(const QAbstractItemModel &model)
-{
-    QByteArray text = csvLine(columnTitles(model));
-    for (int row = 0; row < model.rowCount(); ++row) {
-        QStringList cells;
-        for (int column = 0; column < model.columnCount(); ++column)
-            cells << cellText(model, row, column);
-        text += csvLine(cells);
-    }
-    return text;
-}
-
-QByteArray LibraryTable::toJson(const QAbstractItemModel &model)
-{
-    const QStringList titles = columnTitles(model);
-    QJsonArray rows;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        QJsonObject record;
-        for (int column = 0; column < titles.size(); ++column)
-            record.insert(titles.at(column), cellText(model, row, column));
-        rows.append(record);
-    }
-    return QJsonDocument(rows).toJson(QJsonDocument::Indented);
 }

@@ -34,11 +34,6 @@ public:
     static const Entry *find(const QString &name);
     /// Why the library cannot be read from dataDirectory without writing to it; empty when it can.
     static QString problem(const Entry &library, const QString &dataDirectory);
-
-    /// Header line and one line per row, cells quoted where CSV needs it.
-    static QByteArray toCsv(const QAbstractItemModel &model);
-    /// An array with one object per row, keyed by the column titles.
-    static QByteArray toJson(const QAbstractItemModel &model);
 };
 
 #endif

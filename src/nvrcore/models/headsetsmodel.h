@@ -55,6 +55,8 @@ public:
     bool isModified() const { return m_modified; }
     /// The id the next new record gets.
     int nextId() const { return m_autoIncId; }
+    /// For records appended with appendNew() under user ids: the id the next new record gets.
+    void setNextId(int id) { m_autoIncId = id; }
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;

@@ -2,11 +2,13 @@
 // SPDX-License-Identifier: LicenseRef-Proprietary
 #include "tableeditwidget.h"
 
+#include "classes/libraryimport.h"
 #include "classes/tabseparatedtext.h"
 #include "kvcore.h"
 #include "kvsortfilterproxymodel.h"
 #include "kvtableview.h"
 #include "logger.h"
+#include "widgets/libraryfileactions.h"
 #include "widgets/recordhistory.h"
 
 #include <QAction>
@@ -59,6 +61,14 @@ TableEditWidget::TableEditWidget(QWidget *parent) : QWidget(parent)
     for (QPushButton *button : {newButton, copyButton, editButton, deleteButton, submitButton, revertButton})
         buttonsLayout->addWidget(button);
     buttonsLayout->addStretch();
+    m_importButton = new QPushButton(tr("Import..."), this);
+    m_importButton->setObjectName(QStringLiteral("importButton"));
+    m_importButton->setToolTip(tr("Add the user records of another installation's library file"));
+    m_exportButton = new QPushButton(tr("Export..."), this);
+    m_exportButton->setObjectName(QStringLiteral("exportButton"));
+    m_exportButton->setToolTip(tr("Write the library or the selected records to a CSV or JSON file"));
+    buttonsLayout->addWidget(m_importButton);
+    buttonsLayout->addWidget(m_exportButton);
 
     mainLayout = new QVBoxLayout(this);
     mainLayout->setSpacing(0);
@@ -71,6 +81,8 @@ TableEditWidget::TableEditWidget(QWidget *parent) : QWidget(parent)
     connect(deleteButton, &QPushButton::clicked, this, &TableEditWidget::removeClicked);
     connect(submitButton, &QPushButton::clicked, this, &TableEditWidget::submitClicked);
     connect(revertButton, &QPushButton::clicked, this, &TableEditWidget::revertClicked);
+    connect(m_importButton, &QPushButton::clicked, this, &TableEditWidget::importRecords);
+    connect(m_exportButton, &QPushButton::clicked, this, &TableEditWidget::exportRecords);
     createTools();
 }
 
@@ -94,6 +106,7 @@ void TableEditWidget::setView(KvTableView *newView)
     if (!view)
         return;
     mainLayout->addWidget(view);
+    m_importButton->setHidden(!LibraryImport(targetModel()).isSupported());
     view->show();
     connect(view, &QAbstractItemView::clicked, this, &TableEditWidget::onClicked);
     if (view->model())
@@ -220,6 +233,51 @@ void TableEditWidget::submitClicked()
         submitButton->setEnabled(false);
         revertButton->setEnabled(false);
     }
+}
+
+void TableEditWidget::importRecords()
+{
+    QAbstractItemModel *model = targetModel();
+    if (!model)
+        return;
+    // The merge saves the library at once, so pending edits would be saved unasked.
+    if (submitButton->isEnabled()) {
+        const auto answer = QMessageBox::question(
+            this, tr("Import %1").arg(libraryName()),
+            tr("Importing saves the library at once, with your unsaved changes.\nSave them and import?"),
+            QMessageBox::Save | QMessageBox::Cancel, QMessageBox::Save);
+        if (answer != QMessageBox::Save)
+            return;
+        submitClicked();
+        if (submitButton->isEnabled())
+            return;
+    }
+    if (LibraryFileActions::importInto(this, model, libraryName()) && !m_historyKeptOnSave)
+        clearHistory();
+}
+
+void TableEditWidget::exportRecords()
+{
+    const QAbstractItemModel *model = targetModel();
+    if (!model)
+        return;
+    QList<int> rows;
+    if (view->selectionModel() && view->selectionModel()->hasSelection()) {
+        rows = selectedRows();
+        if (rows.size() == model->rowCount()) {
+            rows.clear();
+        } else {
+            const auto answer = QMessageBox::question(
+                this, tr("Export %1").arg(libraryName()),
+                tr("Export only the %n selected record(s)?\nNo exports the whole library.", nullptr, rows.size()),
+                QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
+            if (answer == QMessageBox::Cancel)
+                return;
+            if (answer == QMessageBox::No)
+                rows.clear();
+        }
+    }
+    LibraryFileActions::exportFrom(this, *model, rows, libraryName());
 }
 
 void TableEditWidget::enableSubmit()

@@ -43,7 +43,10 @@ class RecordHistory;
  * - several rows selected at once, copied to the clipboard as tab-separated
  *   text with a header row, pasted back from a spreadsheet as new records
  *   (each checked by the library, the refused ones listed with the
- *   library's reason), and deleted with one question.
+ *   library's reason), and deleted with one question;
+ * - Import (the user records of another installation's file, merged and
+ *   saved at once; libraries without user records do not offer it) and
+ *   Export (CSV or JSON, the whole library or the selected records).
  * editActions() gives the actions with their shortcuts, for a host's menu.
  */
 class NVRCORE_EXPORT TableEditWidget : public QWidget
@@ -91,6 +94,10 @@ public Q_SLOTS:
     void pasteRecords();
     /// Deletes the selected user records, asking once when there are several.
     virtual void removeSelectedRecords();
+    /// Merges the user records of another installation's library file, after saving pending changes.
+    void importRecords();
+    /// Writes the library, or the selected records, to a CSV or JSON file.
+    void exportRecords();
 
 protected:
     /// The model rows are added to: the view's model, or the source model behind a proxy.
@@ -136,6 +143,8 @@ private:
     RecordHistory *m_history = nullptr;
     QPushButton *m_undoButton = nullptr;
     QPushButton *m_redoButton = nullptr;
+    QPushButton *m_importButton = nullptr;
+    QPushButton *m_exportButton = nullptr;
     QLineEdit *m_filterEdit = nullptr;
     QLabel *m_countLabel = nullptr;
     QList<QAction *> m_editActions;
