@@ -62,6 +62,8 @@ int main(int argc, char **argv)
     radios.setSourceModel(&model);
     radios.sort(RtsTableModel::ManufacturerColumn, Qt::AscendingOrder);
     const Figures ours = measure(
+        &radios, [&] { radios.applyRtTypesFilter(Rt::Receiver); }, [&] { radios.applyRtTypesFilter(Rt::AllTypes); });
+    const Figures rowByRow = measure(
         &radios, [&] { radios.setRtTypesFilter(Rt::Receiver); }, [&] { radios.setRtTypesFilter(Rt::AllTypes); });
 
     QSortFilterProxyModel plain;
@@ -75,7 +77,9 @@ int main(int argc, char **argv)
     std::printf("radios filtered by type, %d rows sorted by manufacturer, best of %d\n", Rows, Repeats);
     std::printf("  anchor: Qt's proxy, type text \"Receiver\"   %8.1f ms (%d shown), all again %8.1f ms\n",
                 anchor.filter, anchor.shown, anchor.all);
-    std::printf("  radios' proxy, Receiver filter              %8.1f ms (%d shown), all again %8.1f ms\n",
+    std::printf("  radios' proxy, Receiver filter in one pass  %8.1f ms (%d shown), all again %8.1f ms\n",
                 ours.filter, ours.shown, ours.all);
+    std::printf("  radios' proxy, Receiver filter row by row   %8.1f ms (%d shown), all again %8.1f ms\n",
+                rowByRow.filter, rowByRow.shown, rowByRow.all);
     return 0;
 }

@@ -22,9 +22,14 @@ Rt::RtTypes RtsSortFilterProxyModel::rtTypesFilter() const
 void RtsSortFilterProxyModel::setRtTypesFilter(const QFlags<Rt::RtType> &types)
 {
     m_types = types;
+    invalidateFilter();
+}
+
+void RtsSortFilterProxyModel::applyRtTypesFilter(const QFlags<Rt::RtType> &types)
+{
+    m_types = types;
     // A new type lets in or out rows all over the sorted list; taken out or put
-    // back one stretch at a time, each stretch costs a pass over the whole
-    // list, so the list is filtered and sorted again in one go.
+    // back one stretch at a time, each stretch costs a pass over the whole list.
     invalidate();
 }
 

@@ -36,6 +36,12 @@ public:
 
     Rt::RtTypes rtTypesFilter() const;
     void setRtTypesFilter(const QFlags<Rt::RtType> &types);
+    /**
+     * The same filter, applied by filtering and sorting the list again in one
+     * go: views get one layout change instead of row removals and insertions,
+     * which on a long sorted list is many times faster.
+     */
+    void applyRtTypesFilter(const QFlags<Rt::RtType> &types);
     void setSourceModel(QAbstractItemModel *sourceModel) override;
 
 protected:

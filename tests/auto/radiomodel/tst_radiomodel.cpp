@@ -306,6 +306,14 @@ private Q_SLOTS:
         proxy.setRtTypesFilter(Rt::Cvr);
         proxy.setRtTypesFilter(Rt::AllTypes); // every row sorted back in
         QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
+        proxy.applyRtTypesFilter(Rt::Cvr); // the one-pass form leaves the same rows in the same order
+        const QList<int> cvrs = idsInProxyOrder(proxy);
+        QVERIFY(!cvrs.isEmpty());
+        proxy.setRtTypesFilter(Rt::AllTypes);
+        proxy.setRtTypesFilter(Rt::Cvr);
+        QCOMPARE(idsInProxyOrder(proxy), cvrs);
+        proxy.applyRtTypesFilter(Rt::AllTypes);
+        QCOMPARE(idsInProxyOrder(proxy), sortedAfresh(&model));
         RtsTableModel other;
         other.insertFromStringsList(sampleRecords());
         proxy.setSourceModel(&other);
