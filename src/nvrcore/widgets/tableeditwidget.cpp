@@ -538,7 +538,10 @@ void TableEditWidget::createTools()
     m_undoButton->setObjectName(QStringLiteral("undoButton"));
     m_redoButton = new QPushButton(this);
     m_redoButton->setObjectName(QStringLiteral("redoButton"));
-    for (auto [button, action] : {std::make_pair(m_undoButton, undo), std::make_pair(m_redoButton, redo)}) {
+    for (const auto &pair : {std::make_pair(m_undoButton, undo), std::make_pair(m_redoButton, redo)}) {
+        // Named copies: a lambda may not capture structured bindings before C++20.
+        QPushButton *button = pair.first;
+        QAction *action = pair.second;
         button->setIcon(action->icon());
         button->setEnabled(action->isEnabled());
         button->setToolTip(action->text());
