@@ -4,6 +4,7 @@
 // Loads a generated 100,000-row, 14-column CSV file with CsvModel and reads
 // every cell as a view would; prints the figures beside the time to merely
 // read the bytes and Python's csv.reader over the same file.
+#include "bestseconds.h"
 #include "models/csvmodel.h"
 
 #include <QCoreApplication>
@@ -53,19 +54,6 @@ bool resetPeak()
     return clear.open(QFile::WriteOnly) && clear.write("5") == 1;
 }
 
-template<typename Work>
-double bestSeconds(Work work)
-{
-    double best = 1e9;
-    for (int i = 0; i < Repeats; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        best = qMin(best, timer.nsecsElapsed() / 1e9);
-    }
-    return best;
-}
-
 /// Python's csv.reader over the file, best of Repeats: rows kept in a list like the model keeps them, or only walked.
 double pythonSeconds(const QString &path, bool keepRows)
 {
@@ -113,13 +101,13 @@ int main(int argc, char **argv)
         << (peakReset ? QString::number((peak - before) / 1024) : QStringLiteral("?")) << " MB (before: "
         << before / 1024 << " MB)\n";
 
-    const double read = bestSeconds([&] {
+    const double read = bestSeconds(Repeats, [&] {
         QFile file(path);
         file.open(QFile::ReadOnly);
         volatile int size = file.readAll().size();
         Q_UNUSED(size)
     });
-    const double load = bestSeconds([&] { model->setSource(path); });
+    const double load = bestSeconds(Repeats, [&] { model->setSource(path); });
     out << "read bytes only:     " << QString::number(read * 1000, 'f', 1) << " ms, "
         << QString::number(mb / read, 'f', 0) << " MB/s\n";
     out << "CsvModel::setSource: " << QString::number(load * 1000, 'f', 1) << " ms, "
@@ -141,7 +129,7 @@ int main(int argc, char **argv)
     }
 
     qint64 characters = 0;
-    const double cells = bestSeconds([&] {
+    const double cells = bestSeconds(Repeats, [&] {
         for (int r = 0; r < model->rowCount(); ++r) {
             for (int c = 0; c < model->columnCount(); ++c)
                 characters += model->data(model->index(r, c), Qt::DisplayRole).toString().size();

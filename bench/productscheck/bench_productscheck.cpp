@@ -5,6 +5,7 @@
 // ranges each) and asks the validity of every cell, as a view painting the
 // whole table would; prints the figure beside one plain pass reading every
 // cell, and the time of the first check after one product number changed.
+#include "bestseconds.h"
 #include "models/productsmodel.h"
 
 #include <QCoreApplication>
@@ -16,19 +17,6 @@ namespace {
 constexpr int Products = 6400;
 constexpr int RangesPerProduct = 4;
 constexpr int Repeats = 5;
-
-template<typename Work>
-double bestSeconds(Work work)
-{
-    double best = 1e9;
-    for (int i = 0; i < Repeats; ++i) {
-        QElapsedTimer timer;
-        timer.start();
-        work();
-        best = qMin(best, timer.nsecsElapsed() / 1e9);
-    }
-    return best;
-}
 }
 
 int main(int argc, char **argv)
@@ -48,19 +36,19 @@ int main(int argc, char **argv)
     model->submit();
 
     int sink = 0;
-    const double plain = bestSeconds([&] {
+    const double plain = bestSeconds(Repeats, [&] {
         for (int row = 0; row < rows; ++row) {
             for (int column = 0; column < 4; ++column)
                 sink += model->index(row, column).data(Qt::EditRole).toString().size();
         }
     });
-    const double check = bestSeconds([&] {
+    const double check = bestSeconds(Repeats, [&] {
         for (int row = 0; row < rows; ++row) {
             for (int column = 0; column < 4; ++column)
                 sink += model->itemIsValid(model->index(row, column)) ? 1 : 0;
         }
     });
-    const double afterEdit = bestSeconds([&] {
+    const double afterEdit = bestSeconds(Repeats, [&] {
         model->setData(model->index(0, ProductsModel::ProductNumber), QStringLiteral("PN%1").arg(sink % Products));
         sink += model->itemIsValid(model->index(1, ProductsModel::StartRev)) ? 1 : 0;
     });
