@@ -26,6 +26,7 @@
 #include "widgets/audiosystemstableeditwidget.h"
 #include "widgets/bluetoothdevicestableeditwidget.h"
 #include "widgets/headsetstableeditwidget.h"
+#include "widgets/librarytools.h"
 #include "widgets/legendsconverttableeditwidget.h"
 #include "widgets/lowimpedanceintercomstableeditwidget.h"
 #include "widgets/musicsystemstableeditwidget.h"
@@ -262,10 +263,16 @@ void MainWindow::createMenus()
     edit->setObjectName(QStringLiteral("editMenu"));
     const auto showEditActions = [this, edit] {
         edit->clear();
-        auto *editor = qobject_cast<TableEditWidget *>(m_pages->currentWidget());
-        if (editor)
-            edit->addActions(editor->editActions());
-        edit->setEnabled(editor != nullptr);
+        // Every library page, whatever kind of editor it is, has the same tools.
+        QWidget *page = m_pages->currentWidget();
+        auto *tools = page ? page->findChild<LibraryTools *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
+        if (tools) {
+            const QList<QAction *> actions = tools->editActions();
+            edit->addActions(actions.mid(0, 9));
+            edit->addSeparator();
+            edit->addActions(actions.mid(9));
+        }
+        edit->setEnabled(tools != nullptr);
     };
     connect(m_pages, &QStackedWidget::currentChanged, edit, showEditActions);
     showEditActions();

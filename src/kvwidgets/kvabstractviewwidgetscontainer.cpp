@@ -196,6 +196,14 @@ void KvAbstractViewWidgetsContainer::beforeCopyRecord(int viewId, const QModelIn
         model->setData(target.siblingAtColumn(column), source.siblingAtColumn(column).data(Qt::EditRole));
 }
 
+void KvAbstractViewWidgetsContainer::beforeEditRecord(int viewId, const QModelIndex &sourceIndex,
+                                                      KvCore::EditTypes editType)
+{
+    Q_UNUSED(viewId)
+    Q_UNUSED(sourceIndex)
+    Q_UNUSED(editType)
+}
+
 void KvAbstractViewWidgetsContainer::afterEditRecord(int viewId, const QVariant &id, KvCore::EditTypes editType,
                                                      bool cancelled)
 {
@@ -258,6 +266,7 @@ bool KvAbstractViewWidgetsContainer::openForm(int viewId, const QModelIndex &sou
     const QPersistentModelIndex row(sourceIndex);
     const QByteArray formName = d->entries.value(viewId).formDialogName;
     bool accepted = false;
+    beforeEditRecord(viewId, sourceIndex, editType);
     if (std::unique_ptr<KvBaseFormDialog> form{createFormDialog(formName)}) {
         form->setModelIndex(sourceIndex, editType);
         accepted = form->exec() == QDialog::Accepted;

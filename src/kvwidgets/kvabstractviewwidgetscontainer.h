@@ -59,6 +59,8 @@ public:
 
     /// Before the copy's form opens; the default copies every column of source into target.
     virtual void beforeCopyRecord(int viewId, const QModelIndex &source, const QModelIndex &target);
+    /// Before the form opens on sourceIndex's row, for new, copied and edited rows alike.
+    virtual void beforeEditRecord(int viewId, const QModelIndex &sourceIndex, KvCore::EditTypes editType);
     /// After a form closed; id is the row's first column, invalid once a cancelled new row is gone.
     virtual void afterEditRecord(int viewId, const QVariant &id, KvCore::EditTypes editType, bool cancelled);
     virtual void afterDeleteRecords(int viewId);

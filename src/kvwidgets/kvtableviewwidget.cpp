@@ -160,6 +160,11 @@ QLineEdit *KvTableViewWidget::searchEdit() const
     return d->searchEdit;
 }
 
+QToolBar *KvTableViewWidget::toolBar() const
+{
+    return d->toolBar;
+}
+
 void KvTableViewWidget::readSettings(const QString &group)
 {
     d->view->readSettings(group);

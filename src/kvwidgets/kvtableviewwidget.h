@@ -10,6 +10,7 @@
 class KvTableView;
 class QAction;
 class QLineEdit;
+class QToolBar;
 class KvTableViewWidgetPrivate;
 
 /**
@@ -54,6 +55,8 @@ public:
     QAction *editAction() const;
     QAction *deleteAction() const;
     QLineEdit *searchEdit() const;
+    /// The bar holding the actions and the search field, for controls of the view's owner.
+    QToolBar *toolBar() const;
 
     void readSettings(const QString &group) override;
     void saveSettings(const QString &group) override;

@@ -191,7 +191,8 @@ bool RecordHistory::removeRecords(const QString &text, const QList<int> &rows)
 }
 
 QList<RecordHistory::Refusal> RecordHistory::appendRecords(const QString &text, const QList<QStringList> &records,
-                                                           const QList<int> &columns)
+                                                           const QList<int> &columns,
+                                                           const std::function<QString(int)> &check)
 {
     QList<Refusal> refusals;
     if (!m_model)
@@ -215,8 +216,11 @@ QList<RecordHistory::Refusal> RecordHistory::appendRecords(const QString &text, 
             }
         }
         std::sort(given.begin(), given.end());
-        if (!setRow(row, values, given)) {
-            QString reason = messages.take();
+        const bool taken = setRow(row, values, given);
+        QString reason = taken ? QString() : messages.take();
+        if (taken && check)
+            reason = check(row);
+        if (!taken || !reason.isEmpty()) {
             m_model->removeRows(row, 1);
             messages.take();
             refusals.append({line, reason});

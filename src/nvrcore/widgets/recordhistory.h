@@ -11,6 +11,8 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <functional>
+
 class QAbstractItemModel;
 class QUndoStack;
 
@@ -65,10 +67,12 @@ public:
     /**
      * Appends one record per entry of records, setting the given columns
      * (cells past the end of an entry are left as the model makes them) in
-     * column order. The records kept are one step; the rows refused are
-     * returned with their reasons.
+     * column order. A record the model takes is then given to check, which
+     * names what it refuses (empty: accepted). The records kept are one
+     * step; the rows refused are returned with their reasons.
      */
-    QList<Refusal> appendRecords(const QString &text, const QList<QStringList> &records, const QList<int> &columns);
+    QList<Refusal> appendRecords(const QString &text, const QList<QStringList> &records, const QList<int> &columns,
+                                 const std::function<QString(int row)> &check = {});
 
 Q_SIGNALS:
     /// A step was undone or redone: the table changed.

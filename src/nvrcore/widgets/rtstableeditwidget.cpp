@@ -6,6 +6,7 @@
 #include "dialogs/rtformdialog.h"
 #include "models/rtssortfilterproxymodel.h"
 #include "models/rtstablemodel.h"
+#include "widgets/librarytools.h"
 #include "widgets/recordhistory.h"
 #include "widgets/rtstableview.h"
 
@@ -52,6 +53,8 @@ RtsTableEditWidget::RtsTableEditWidget(QWidget *parent) : TableEditWidget(parent
     deleteButton->setToolTip(tr("Delete selected radios"));
     deleteButton->show();
     setHistoryKeptOnSave(true);
+    // Radios pasted from a spreadsheet must pass what the form asks of a typed one.
+    tools()->setRecordForm([](QWidget *parent) { return new RtFormDialog(parent); });
 }
 
 RtsTableEditWidget::~RtsTableEditWidget() = default;
@@ -134,6 +137,12 @@ void RtsTableEditWidget::removeSelectedRecords()
 void RtsTableEditWidget::historyStepApplied()
 {
     TableEditWidget::historyStepApplied();
+    submitClicked();
+}
+
+void RtsTableEditWidget::recordsPasted()
+{
+    TableEditWidget::recordsPasted();
     submitClicked();
 }
 

@@ -51,6 +51,7 @@ protected:
     virtual void beforeEditRecord(const QModelIndex &index, const KvCore::EditTypes &editType);
     virtual void afterEditRecord(const QModelIndex &index, const KvCore::EditTypes &editType, bool accepted);
     void historyStepApplied() override;
+    void recordsPasted() override;
 
 private:
     void saveIfChanged(int stepBefore);

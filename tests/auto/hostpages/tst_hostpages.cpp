@@ -11,6 +11,7 @@
 #include "widgets/consolewidget.h"
 #include "widgets/headsetstableeditwidget.h"
 #include "widgets/pixmapwidget.h"
+#include "widgets/productstableeditwidget.h"
 
 #include <QAction>
 #include <QDir>
@@ -24,6 +25,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <climits>
 
 namespace {
@@ -240,8 +242,16 @@ private Q_SLOTS:
         QVERIFY(!window.findChild<HeadSetsTableEditWidget *>()); // built when first shown
         window.showPage(window.pageIndex(QStringLiteral("Headsets")));
         auto *headsets = qobject_cast<HeadSetsTableEditWidget *>(window.pages()->currentWidget());
+        const auto menuActions = [edit] {
+            QList<QAction *> actions = edit->actions();
+            actions.erase(std::remove_if(actions.begin(), actions.end(), [](QAction *a) { return a->isSeparator(); }),
+                          actions.end());
+            return actions;
+        };
         QVERIFY(edit->isEnabled());
-        QCOMPARE(edit->actions(), headsets->editActions());
+        QCOMPARE(menuActions(), headsets->editActions());
+        window.showPage(window.pageIndex(QStringLiteral("Product Configurations")));
+        QCOMPARE(menuActions(), window.findChild<ProductConfigsWidget *>()->editActions());
 
         auto *portRow = window.findChild<OptionsPage *>()->findChild<QLabel *>(QStringLiteral("comPort2"));
         QCOMPARE(portRow->text(), QStringLiteral("none"));
