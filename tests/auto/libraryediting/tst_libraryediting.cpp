@@ -325,6 +325,23 @@ private Q_SLOTS:
         QTRY_VERIFY(!view->indexWidget(cell));
         QCOMPARE(cell.data(Qt::EditRole).toString(), accepted);
         QCOMPARE(boxes.count(), 0);
+
+        // Pasted, the same text is refused with the same note (the new record is taken back first).
+        view->setFocus();
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QList<QStringList> copied = TabSeparatedText::read(QGuiApplication::clipboard()->text());
+        copied[1][copied.at(0).indexOf(field)] = refused;
+        QGuiApplication::clipboard()->setText(TabSeparatedText::write(copied));
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+        const int rows = view->model()->rowCount();
+        QTest::keyClick(view, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(view->model()->rowCount(), rows);
+        QVERIFY(boxes.last().text.startsWith(QLatin1String("0 of 1 records")));
+        // The headsets refuse such a level themselves, in their own words.
+        if (page != QLatin1String("HeadSets"))
+            QCOMPARE(boxes.last().informativeText,
+                     QStringLiteral("Row 1: %1: \"%2\" is not %3").arg(field, refused, range));
     }
 
     void radios()
@@ -398,6 +415,16 @@ private Q_SLOTS:
         QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
         QVERIFY(find(QStringLiteral("C3")).isValid());
         QVERIFY(!find(QStringLiteral("D4")).isValid());
+        QVERIFY(!RtsFile::instance()->isModified());
+
+        // Radios pasted from a spreadsheet must pass the form, and are saved at once.
+        QVERIFY(refocus(&editor, view));
+        QGuiApplication::clipboard()->setText(QStringLiteral("Manufacturer\tModel\tReceive Level\tTransmit Level\n"
+                                                             "Zed\tZ1\t5\t0.5\nZed\tZ2\t20\t0.5\n"));
+        QTest::keyClick(view, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(model->rowCount(), rows + 2);
+        QVERIFY(find(QStringLiteral("Z1")).isValid());
+        QCOMPARE(boxes.last().informativeText, QStringLiteral("Row 2: The Level must be between 1.00 and 10.0"));
         QVERIFY(!RtsFile::instance()->isModified());
 
         view->sortByColumn(RtsTableModel::IdColumn, Qt::DescendingOrder);

@@ -14,10 +14,13 @@
 #include "testappdir.h"
 #include "testui.h"
 #include "widgets/productstableeditwidget.h"
+#include "widgets/librarytools.h"
 #include "widgets/productstableview.h"
 
 #include <QAbstractItemModelTester>
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -26,6 +29,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
+#include <QUndoStack>
 
 #include <functional>
 
@@ -301,6 +305,72 @@ private Q_SLOTS:
         QVERIFY(!ProductsFile::instance()->isModified()); // every accepted form was saved at once
         editor.reset();
         QCOMPARE(fileRows(), QStringList({"P1 D H 3", "P2 A Z 1", "P3 A Z 1"}));
+    }
+
+    void sharedTools()
+    {
+        MessageBoxRecorder boxes(QMessageBox::Yes);
+        auto editor = std::make_unique<ProductConfigsWidget>();
+        editor->resize(900, 400);
+        editor->show();
+        QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+        KvTableViewWidget *widget = editor->tableViewWidget();
+        QAbstractItemView *view = widget->view();
+        QUndoStack *steps = editor->tools()->undoStack();
+        const auto refocus = [&] {
+            editor->activateWindow();
+            QVERIFY(QTest::qWaitForWindowActive(editor.get()));
+            view->setFocus();
+        };
+
+        // The count follows the search, which Ctrl+F reaches as on every library page.
+        QLabel *count = editor->tools()->countLabel();
+        QVERIFY(count->isVisible());
+        QTest::keyClick(view, Qt::Key_F, Qt::ControlModifier);
+        QVERIFY(widget->searchEdit()->hasFocus());
+        QTest::keyClicks(widget->searchEdit(), QStringLiteral("!p1"));
+        QCOMPARE(count->text(), QStringLiteral("1 of 3 records"));
+        TestUi::retype(widget->searchEdit(), QString());
+        QCOMPARE(count->text(), QStringLiteral("3 of 3 records"));
+
+        // A change made in the form is one step, saved at once when made and when undone.
+        FormDriver<ProductFormDialog> edit([](ProductFormDialog *form) { finishForm(form, {"P3", {}, {}, {}}); });
+        doubleClickRow(view, viewRow(view, QStringLiteral("P2"), QStringLiteral("A")));
+        QVERIFY(edit.ran());
+        QCOMPARE(steps->undoText(), QStringLiteral("Edit product configuration"));
+        refocus();
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(productRows(), initialRows);
+        QVERIFY(!ProductsFile::instance()->isModified());
+
+        // Rows pasted from a spreadsheet must pass the form: its field rules and its range check.
+        QGuiApplication::clipboard()->setText(QStringLiteral("Product Number\tStarting Build Config Rev\t"
+                                                             "Ending Build Config Rev\tHardware Configuration\n"
+                                                             "P5\tA\tB\t1\nP5\tB\tC\t2\nP6\tAB\tC\t1\n"));
+        QTest::keyClick(view, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(productRows().size(), 4);
+        QVERIFY2(boxes.last().text.startsWith(QLatin1String("1 of 3 records were added to Product configurations")),
+                 qPrintable(boxes.last().text));
+        const QStringList reasons = boxes.last().informativeText.split(QLatin1Char('\n'));
+        QCOMPARE(reasons.size(), 2);
+        QVERIFY2(reasons.at(0).startsWith(QLatin1String("Row 2: These revisions overlap")), qPrintable(reasons.at(0)));
+        QCOMPARE(reasons.at(1), QStringLiteral("Row 3: Starting Build Configuration Rev: \"AB\" is not accepted"));
+        QVERIFY(!ProductsFile::instance()->isModified());
+
+        // Copied rows carry the header; two rows deleted with one question come back in one step.
+        refocus();
+        TestUi::clickCell(view, viewRow(view, QStringLiteral("P5"), QStringLiteral("A")));
+        TestUi::clickCell(view, viewRow(view, QStringLiteral("P1"), QStringLiteral("A")), Qt::ControlModifier);
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QCOMPARE(QGuiApplication::clipboard()->text().count(QLatin1Char('\n')), 3);
+        QTest::keyClick(view, Qt::Key_Delete);
+        QVERIFY(boxes.last().text.contains(QLatin1String("Delete 2 records from Product configurations")));
+        QCOMPARE(productRows().size(), 2);
+        refocus();
+        QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(productRows().size(), 4);
+        editor.reset();
+        QCOMPARE(fileRows(), QStringList({"P1 A C 1", "P1 D F 2", "P2 A Z 1", "P5 A B 1"}));
     }
 
     void searchAndClicks()
