@@ -63,9 +63,9 @@ void ProductConfigsWidget::createTools(int viewId)
     }
     for (QWidget *tool : {m_tools->importButton(), m_tools->exportButton(), m_tools->undoButton(),
                           m_tools->redoButton()}) {
-        // A tool bar hides its widgets through the actions that hold them.
-        QAction *holder = bar->insertWidget(search, tool);
-        holder->setVisible(!tool->isHidden());
+        // A tool bar hides its widgets through the actions that hold them: Import, where there is nothing to import.
+        const bool hidden = tool->testAttribute(Qt::WA_WState_ExplicitShowHide) && tool->isHidden();
+        bar->insertWidget(search, tool)->setVisible(!hidden);
     }
     bar->addWidget(m_tools->countLabel());
 
