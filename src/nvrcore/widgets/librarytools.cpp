@@ -194,8 +194,13 @@ void LibraryTools::setView(KvTableView *view)
     if (proxy) {
         if (!m_searchField)
             proxy->setFilterText(m_filterEdit->text());
-        for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-            m_viewConnections << connect(proxy, signal, this, &LibraryTools::updateCount);
+        // The source's own signals too: the proxy drops a row before its source has, so the total lags behind.
+        for (QAbstractItemModel *model : {static_cast<QAbstractItemModel *>(proxy), proxy->sourceModel()}) {
+            for (auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved}) {
+                if (model)
+                    m_viewConnections << connect(model, signal, this, &LibraryTools::updateCount);
+            }
+        }
         m_viewConnections << connect(proxy, &QAbstractItemModel::modelReset, this, &LibraryTools::updateCount);
         m_viewConnections << connect(proxy, &QAbstractItemModel::layoutChanged, this, &LibraryTools::updateCount);
     }
@@ -383,7 +388,7 @@ void LibraryTools::pasteRecords()
 
     const int before = model->rowCount();
     const QList<RecordHistory::Refusal> refusals = m_history->appendRecords(
-        lines.size() == 1 ? tr("Paste record") : tr("Paste %1 records").arg(lines.size()), lines, columns,
+        [](int kept) { return kept == 1 ? tr("Paste record") : tr("Paste %1 records").arg(kept); }, lines, columns,
         [this](int row) { return refusal(row); });
     const int added = model->rowCount() - before;
     if (added > 0) {

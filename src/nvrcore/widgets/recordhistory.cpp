@@ -190,7 +190,8 @@ bool RecordHistory::removeRecords(const QString &text, const QList<int> &rows)
     return removedAll;
 }
 
-QList<RecordHistory::Refusal> RecordHistory::appendRecords(const QString &text, const QList<QStringList> &records,
+QList<RecordHistory::Refusal> RecordHistory::appendRecords(const std::function<QString(int)> &text,
+                                                           const QList<QStringList> &records,
                                                            const QList<int> &columns,
                                                            const std::function<QString(int)> &check)
 {
@@ -229,7 +230,7 @@ QList<RecordHistory::Refusal> RecordHistory::appendRecords(const QString &text, 
         changes.append({Values(), rowValues(row), row});
     }
     if (!changes.isEmpty())
-        m_stack->push(new Command(this, text, changes));
+        m_stack->push(new Command(this, text(changes.size()), changes));
     return refusals;
 }
 

@@ -69,10 +69,11 @@ public:
      * (cells past the end of an entry are left as the model makes them) in
      * column order. A record the model takes is then given to check, which
      * names what it refuses (empty: accepted). The records kept are one
-     * step; the rows refused are returned with their reasons.
+     * step, named by text from their number; the rows refused are returned
+     * with their reasons.
      */
-    QList<Refusal> appendRecords(const QString &text, const QList<QStringList> &records, const QList<int> &columns,
-                                 const std::function<QString(int row)> &check = {});
+    QList<Refusal> appendRecords(const std::function<QString(int kept)> &text, const QList<QStringList> &records,
+                                 const QList<int> &columns, const std::function<QString(int row)> &check = {});
 
 Q_SIGNALS:
     /// A step was undone or redone: the table changed.

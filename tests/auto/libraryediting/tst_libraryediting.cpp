@@ -216,6 +216,8 @@ private Q_SLOTS:
             QVERIFY2(boxes.last().informativeText.startsWith(QLatin1String("Row 1: ")),
                      qPrintable(boxes.last().informativeText));
             QVERIFY(boxes.last().informativeText.contains(QLatin1String("already exists")));
+            QCOMPARE(editor->countLabel()->text(), QStringLiteral("%1 of %1 records").arg(rows + 2));
+            QCOMPARE(undo->text(), QStringLiteral("Undo Paste record")); // the step names what was kept
         } else {
             QCOMPARE(library->rowCount(), rows + 3);
             QCOMPARE(boxes.count(), boxesBefore);
