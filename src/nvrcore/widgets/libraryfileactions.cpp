@@ -52,7 +52,8 @@ bool LibraryFileActions::exportFrom(QWidget *parent, const QAbstractItemModel &m
                                     const QString &libraryName)
 {
     const QString title = rows.isEmpty() ? tr("Export %1").arg(libraryName)
-                                         : tr("Export %n Selected Record(s)", nullptr, rows.size());
+                                         : rows.size() == 1 ? tr("Export the Selected Record")
+                                                            : tr("Export %1 Selected Records").arg(rows.size());
     const QString fileName = QFileDialog::getSaveFileName(parent, title, startFolder(),
                                                           tr("CSV files (*.csv);;JSON files (*.json)"));
     if (fileName.isEmpty())

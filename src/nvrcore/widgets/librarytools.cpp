@@ -29,6 +29,36 @@
 #include <memory>
 #include <utility>
 
+namespace {
+/// A cell as a spreadsheet should get it: the value, or the word the library shows for a code ("Receiver" for 2).
+QString cellText(const QModelIndex &index)
+{
+    const QVariant value = index.data(Qt::EditRole);
+    const QString text = value.toString();
+    bool code = value.userType() == QMetaType::Bool;
+    if (!code)
+        text.toLongLong(&code);
+    const QString shown = index.data(Qt::DisplayRole).toString();
+    bool number = false;
+    shown.toDouble(&number);
+    return !code || number || shown.isEmpty() || shown.startsWith(text) ? text : shown;
+}
+
+/// The words a column shows for its codes (in lower case), each with the code it stands for.
+QHash<QString, QString> wordsOfColumn(const QAbstractItemModel &model, int column)
+{
+    QHash<QString, QString> codes;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QModelIndex index = model.index(row, column);
+        const QString word = cellText(index);
+        const QString code = index.data(Qt::EditRole).toString();
+        if (word != code)
+            codes.insert(word.toLower(), code);
+    }
+    return codes;
+}
+}
+
 LibraryTools::LibraryTools(QWidget *editor) : QObject(editor), m_editor(editor)
 {
     m_undoStack = new QUndoStack(this);
@@ -355,7 +385,7 @@ void LibraryTools::copySelectedRecords()
     for (int row : rows) {
         QStringList cells;
         for (int column : columns)
-            cells.append(model->index(row, column).data(Qt::EditRole).toString());
+            cells.append(cellText(model->index(row, column)));
         lines.append(cells);
     }
     QGuiApplication::clipboard()->setText(TabSeparatedText::write(lines));
@@ -385,6 +415,14 @@ void LibraryTools::pasteRecords()
     }
     if (lines.isEmpty())
         return;
+    // Words copied for codes ("Receiver") are read back as the codes.
+    for (int i = 0; i < columns.size(); ++i) {
+        const QHash<QString, QString> codes = wordsOfColumn(*model, columns.at(i));
+        for (QStringList &line : lines) {
+            if (!codes.isEmpty() && i < line.size())
+                line[i] = codes.value(line.at(i).trimmed().toLower(), line.at(i));
+        }
+    }
 
     const int before = model->rowCount();
     const QList<RecordHistory::Refusal> refusals = m_history->appendRecords(
@@ -443,8 +481,11 @@ void LibraryTools::importRecords()
     QAbstractItemModel *model = targetModel();
     if (!model || (m_importGuard && !m_importGuard()))
         return;
-    if (LibraryFileActions::importInto(m_editor, model, m_libraryName) && !m_historyKeptOnSave)
+    if (!LibraryFileActions::importInto(m_editor, model, m_libraryName))
+        return;
+    if (!m_historyKeptOnSave)
         clearHistory();
+    Q_EMIT imported();
 }
 
 void LibraryTools::exportRecords()
@@ -460,7 +501,9 @@ void LibraryTools::exportRecords()
         } else {
             const auto answer = QMessageBox::question(
                 m_editor, tr("Export %1").arg(m_libraryName),
-                tr("Export only the %n selected record(s)?\nNo exports the whole library.", nullptr, rows.size()),
+                (rows.size() == 1 ? tr("Export only the selected record?")
+                                  : tr("Export only the %1 selected records?").arg(rows.size()))
+                    + QLatin1Char('\n') + tr("No exports the whole library."),
                 QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes);
             if (answer == QMessageBox::Cancel)
                 return;

@@ -120,6 +120,8 @@ Q_SIGNALS:
     /// Records were pasted, or deleted, through the tools: the table has unsaved changes.
     void recordsPasted();
     void recordsRemoved();
+    /// Records were imported, and the library saved with them.
+    void imported();
     /// A step was undone or redone, after the stack moved, so that a save may follow safely.
     void stepApplied();
     void newRequested();

@@ -83,6 +83,11 @@ TableEditWidget::TableEditWidget(QWidget *parent) : QWidget(parent)
     connect(m_tools, &LibraryTools::saveRequested, this, press(submitButton));
     connect(m_tools, &LibraryTools::stepApplied, this, [this] { historyStepApplied(); });
     connect(m_tools, &LibraryTools::recordsPasted, this, [this] { recordsPasted(); });
+    // The merge saved the library: nothing is left to save or cancel.
+    connect(m_tools, &LibraryTools::imported, this, [this] {
+        submitButton->setEnabled(false);
+        revertButton->setEnabled(false);
+    });
     m_tools->setDeleteHandler([this] { removeSelectedRecords(); });
     m_tools->setUserRecordTest([this](int row) { return isUserRecord(row); });
     // The merge saves the library at once, so pending edits would be saved unasked.

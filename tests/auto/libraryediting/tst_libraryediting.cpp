@@ -419,13 +419,18 @@ private Q_SLOTS:
         QVERIFY(!find(QStringLiteral("D4")).isValid());
         QVERIFY(!RtsFile::instance()->isModified());
 
-        // Radios pasted from a spreadsheet must pass the form, and are saved at once.
+        // A spreadsheet gets the type in words, and gives it back so.
         QVERIFY(refocus(&editor, view));
-        QGuiApplication::clipboard()->setText(QStringLiteral("Manufacturer\tModel\tReceive Level\tTransmit Level\n"
-                                                             "Zed\tZ1\t5\t0.5\nZed\tZ2\t20\t0.5\n"));
+        TestUi::clickCell(view, find(QStringLiteral("C3")));
+        QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(QGuiApplication::clipboard()->text().contains(QLatin1String("\tTransceiver\t")));
+        // Radios pasted from a spreadsheet must pass the form, and are saved at once.
+        QGuiApplication::clipboard()->setText(QStringLiteral("Manufacturer\tModel\tType\tReceive Level\tTransmit Level\n"
+                                                             "Zed\tZ1\treceiver\t5\t0.5\nZed\tZ2\tTransceiver\t20\t0.5\n"));
         QTest::keyClick(view, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(model->rowCount(), rows + 2);
-        QVERIFY(find(QStringLiteral("Z1")).isValid());
+        QCOMPARE(find(QStringLiteral("Z1")).siblingAtColumn(RtsTableModel::TypeColumn).data().toString(),
+                 QStringLiteral("Receiver"));
         QCOMPARE(boxes.last().informativeText, QStringLiteral("Row 2: The Level must be between 1.00 and 10.0"));
         QVERIFY(!RtsFile::instance()->isModified());
 

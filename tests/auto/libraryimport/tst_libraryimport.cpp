@@ -264,6 +264,7 @@ private Q_SLOTS:
             QCOMPARE(view->rowCount(), rows + 2);
             // Saved at once: nothing left to save, and the file holds the new records.
             QVERIFY(contents(TestAppDir::filePath("nevradat/musicsystems.csv")).contains("Tuner X"));
+            QVERIFY(!page.findChild<QPushButton *>(QStringLiteral("submitButton"))->isEnabled());
         }
         {
             // Two rows selected: the question offers them alone, and the suffix picks JSON.
