@@ -3,6 +3,7 @@
 #include "terminalpage.h"
 
 #include "hostmessage.h"
+#include "sendbar.h"
 
 #include "classes/nvroptions.h"
 #include "classes/seriallink.h"
@@ -23,7 +24,6 @@
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -67,7 +67,8 @@ QWidget *buttonFor(QAction *action, QWidget *parent)
 
 TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
     : QWidget(parent), m_options(options), m_console(new ConsoleWidget(this)), m_view(new TerminalView(this)),
-      m_tabs(new QTabWidget(this)), m_stateLabel(new QLabel(this)), m_link(new SerialLink(this)),
+      m_tabs(new QTabWidget(this)), m_stateLabel(new QLabel(this)), m_sendBar(new SendBar(this)),
+      m_link(new SerialLink(this)),
       m_port(m_link->port()),
       m_connectAction(new QAction(tr("&Connect"), this)), m_disconnectAction(new QAction(tr("&Disconnect"), this)),
       m_quietTimer(new QTimer(this))
@@ -97,6 +98,8 @@ TerminalPage::TerminalPage(NvrOptions *options, QWidget *parent)
     m_quietTimer->setInterval(quietMs);
     connect(m_quietTimer, &QTimer::timeout, this, &TerminalPage::answerComplete);
     connect(m_console, &ConsoleWidget::command, this, &TerminalPage::sendCommand);
+    connect(m_sendBar, &SendBar::sendRequested, this, &TerminalPage::send);
+    connect(m_sendBar, &SendBar::sendFileRequested, this, &TerminalPage::sendFile);
     connect(m_port, &SerialPort::dataReceived, this, &TerminalPage::receive);
     connect(m_port, &SerialPort::readtimeout, this, &TerminalPage::noAnswer);
     connect(m_port, &SerialPort::opened, this, [this](const QString &name) {
@@ -381,7 +384,7 @@ QWidget *TerminalPage::createTrafficTab()
         tools->addWidget(widget);
     tools->addWidget(m_logLabel, 1);
     column->addLayout(tools);
-    column->addWidget(createSendBar());
+    column->addWidget(m_sendBar);
 
     const auto search = [this] {
         setSendMessage(m_view->find(m_search->text()) || m_search->text().isEmpty()
@@ -403,56 +406,6 @@ QWidget *TerminalPage::createTrafficTab()
     return tab;
 }
 
-QWidget *TerminalPage::createSendBar()
-{
-    auto *bar = new QWidget(this);
-    auto *column = new QVBoxLayout(bar);
-    column->setContentsMargins(0, 0, 0, 0);
-    auto *row = new QHBoxLayout;
-    m_sendLine = new QComboBox(bar);
-    m_sendLine->setObjectName(QStringLiteral("sendLine"));
-    m_sendLine->setEditable(true);
-    m_sendLine->setInsertPolicy(QComboBox::NoInsert);
-    m_sendLine->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-    m_sendLine->lineEdit()->setPlaceholderText(tr("Text to send, or hex bytes such as 02 41 0D"));
-    m_lineEnding = new QComboBox(bar);
-    m_lineEnding->setObjectName(QStringLiteral("lineEnding"));
-    m_lineEnding->addItems(SerialTraffic::lineEndingNames());
-    m_lineEnding->setToolTip(tr("Sent after each text line; hex goes out exactly as typed."));
-    m_hexSend = new QCheckBox(tr("He&x"), bar);
-    m_hexSend->setObjectName(QStringLiteral("hexSend"));
-    auto *sendButton = new QPushButton(tr("&Send"), bar);
-    sendButton->setObjectName(QStringLiteral("send"));
-    auto *fileButton = new QPushButton(tr("Send F&ile..."), bar);
-    fileButton->setObjectName(QStringLiteral("sendFile"));
-    row->addWidget(m_sendLine, 1);
-    for (QWidget *widget : std::initializer_list<QWidget *>{m_lineEnding, m_hexSend, sendButton, fileButton})
-        row->addWidget(widget);
-    column->addLayout(row);
-    m_sendMessage = new QLabel(bar);
-    m_sendMessage->setObjectName(QStringLiteral("sendMessage"));
-    m_sendMessage->setStyleSheet(QStringLiteral("color: #b00020"));
-    column->addWidget(m_sendMessage);
-
-    connect(sendButton, &QPushButton::clicked, this, &TerminalPage::send);
-    // Return reaches the box whether the key went to it or to its line edit first: send once, from there.
-    m_sendLine->installEventFilter(this);
-    connect(fileButton, &QPushButton::clicked, this, &TerminalPage::sendFile);
-    return bar;
-}
-
-bool TerminalPage::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == m_sendLine && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent *>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            send();
-            return true;
-        }
-    }
-    return QWidget::eventFilter(watched, event);
-}
-
 void TerminalPage::restoreSettings()
 {
     KvSettings settings;
@@ -467,12 +420,8 @@ void TerminalPage::restoreSettings()
     select(m_stopBits, QStringLiteral("stopBits"), QSerialPort::OneStop);
     m_hexGap->setValue(settings.value(QStringLiteral("hexGap"), HexRows::defaultGapMs).toInt());
     m_view->setHexGap(m_hexGap->value());
-    m_lineEnding->setCurrentIndex(
-        qBound(0, settings.value(QStringLiteral("lineEnding"), int(SerialTraffic::CR)).toInt(), 3));
-    m_hexSend->setChecked(settings.value(QStringLiteral("hexSend"), false).toBool());
     m_logCheck->setChecked(settings.value(QStringLiteral("logSessions"), true).toBool());
-    m_sendLine->addItems(settings.value(QStringLiteral("history")).toStringList().mid(0, historySize));
-    m_sendLine->setCurrentIndex(-1);
+    m_sendBar->restoreSettings(settings);
 
     for (QComboBox *box : {m_baud, m_dataBits, m_parity, m_stopBits})
         connect(box, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &TerminalPage::lineSettingsChanged);
@@ -488,10 +437,8 @@ void TerminalPage::saveSettings() const
     settings.setValue(QStringLiteral("parity"), lineSetting(m_parity));
     settings.setValue(QStringLiteral("stopBits"), lineSetting(m_stopBits));
     settings.setValue(QStringLiteral("hexGap"), m_hexGap->value());
-    settings.setValue(QStringLiteral("lineEnding"), m_lineEnding->currentIndex());
-    settings.setValue(QStringLiteral("hexSend"), m_hexSend->isChecked());
     settings.setValue(QStringLiteral("logSessions"), m_logCheck->isChecked());
-    settings.setValue(QStringLiteral("history"), sendHistory());
+    m_sendBar->saveSettings(settings);
 }
 
 int TerminalPage::lineSetting(const QComboBox *box) const
@@ -511,45 +458,22 @@ void TerminalPage::lineSettingsChanged()
 
 QStringList TerminalPage::sendHistory() const
 {
-    QStringList history;
-    for (int i = 0; i < m_sendLine->count(); ++i)
-        history.append(m_sendLine->itemText(i));
-    return history;
-}
-
-void TerminalPage::addToHistory(const QString &text)
-{
-    const int old = m_sendLine->findText(text);
-    if (old >= 0)
-        m_sendLine->removeItem(old);
-    m_sendLine->insertItem(0, text);
-    while (m_sendLine->count() > historySize)
-        m_sendLine->removeItem(m_sendLine->count() - 1);
-    m_sendLine->setCurrentIndex(-1);
-    m_sendLine->clearEditText();
-    saveSettings();
+    return m_sendBar->history();
 }
 
 void TerminalPage::send()
 {
-    const QString text = m_sendLine->currentText();
-    QByteArray bytes;
-    if (m_hexSend->isChecked()) {
-        QString error;
-        bytes = SerialTraffic::parseHex(text, &error);
-        if (!error.isEmpty()) {
-            setSendMessage(tr("Not sent: %1").arg(error));
-            return;
-        }
-    } else {
-        bytes = text.toUtf8() + SerialTraffic::lineEnding(SerialTraffic::LineEnding(m_lineEnding->currentIndex()));
-    }
-    if (bytes.isEmpty()) {
-        setSendMessage(tr("Nothing to send."));
+    QString refusal;
+    const QByteArray bytes = m_sendBar->bytes(&refusal);
+    if (!refusal.isEmpty()) {
+        setSendMessage(refusal);
         return;
     }
-    if (sendBytes(bytes) && !text.isEmpty())
-        addToHistory(text);
+    const QString text = m_sendBar->text();
+    if (sendBytes(bytes) && !text.isEmpty()) {
+        m_sendBar->addToHistory(text);
+        saveSettings();
+    }
 }
 
 void TerminalPage::sendFile()
@@ -591,7 +515,7 @@ bool TerminalPage::sendBytes(const QByteArray &bytes)
 
 void TerminalPage::setSendMessage(const QString &text)
 {
-    m_sendMessage->setText(text);
+    m_sendBar->setMessage(text);
 }
 
 QString TerminalPage::logFileName() const

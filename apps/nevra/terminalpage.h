@@ -20,6 +20,7 @@ class QPushButton;
 class QSpinBox;
 class QTabWidget;
 class QTimer;
+class SendBar;
 class SerialLink;
 class SerialPort;
 class TerminalView;
@@ -61,7 +62,6 @@ public:
     QString logFileName() const;
     /// Most recent first; kept across restarts.
     QStringList sendHistory() const;
-    static constexpr int historySize = 30;
     /// "&Connect" and "&Disconnect", for the window's menu.
     QAction *connectAction() const { return m_connectAction; }
     QAction *disconnectAction() const { return m_disconnectAction; }
@@ -83,20 +83,15 @@ public Q_SLOTS:
 Q_SIGNALS:
     void stateChanged(const QString &state);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     QWidget *createSettingsBar();
     QWidget *createTrafficTab();
-    QWidget *createSendBar();
     void restoreSettings();
     void saveSettings() const;
     int lineSetting(const QComboBox *box) const;
     void lineSettingsChanged();
     /// Shows, logs and writes bytes out; false when the port took them not all.
     bool sendBytes(const QByteArray &bytes);
-    void addToHistory(const QString &text);
     void setSendMessage(const QString &text);
     void logNote(const QString &text);
     void startLog();
@@ -119,6 +114,7 @@ private:
     TerminalView *m_view;
     QTabWidget *m_tabs;
     QLabel *m_stateLabel;
+    SendBar *m_sendBar;
     QComboBox *m_baud;
     QComboBox *m_dataBits;
     QComboBox *m_parity;
@@ -128,10 +124,6 @@ private:
     QCheckBox *m_pause;
     QCheckBox *m_logCheck;
     QLabel *m_logLabel;
-    QComboBox *m_sendLine;
-    QComboBox *m_lineEnding;
-    QCheckBox *m_hexSend;
-    QLabel *m_sendMessage;
     SessionLog m_log;
     QString m_state;
     SerialLink *m_link;
