@@ -46,6 +46,7 @@
 #include <QMessageBox>
 #include <QStackedWidget>
 #include <QStatusBar>
+#include <QTimer>
 
 namespace {
 // List rows of pages carry the page's index in the stack; headings carry none.
@@ -132,7 +133,9 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
         auto *page = qobject_cast<HeaderPage *>(m_pages->widget(headerIndex));
         return !page || page->maybeSave();
     });
-    addPage(m_terminal = new TerminalPage(m_options, m_pages), tr("Terminal"));
+    // Built right after the window first shows (or when first needed), so that the window comes up sooner.
+    m_terminalIndex = m_pages->count();
+    addPage([this] { return createTerminalPage(); }, tr("Terminal"));
     addPage([this] { return new PicturePage(m_pages); }, tr("Picture"));
     addSection(tr("Tools"));
     const int audioIndex = m_pages->count();
@@ -140,16 +143,15 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
         auto *page = qobject_cast<AudioPage *>(m_pages->widget(audioIndex));
         return !page || page->maybeSave();
     });
-    addPage(new OptionsPage(m_options, m_pages), tr("Options"));
+    addPage([this] { return new OptionsPage(m_options, m_pages); }, tr("Options"));
     // Wide enough for the longest title, and no wider: the pages need the room.
     m_pageList->setFixedWidth(m_pageList->sizeHintForColumn(0) + 2 * m_pageList->frameWidth() + 24);
 
     m_portStatus->setObjectName(QStringLiteral("portStatus"));
     statusBar()->addPermanentWidget(m_portStatus);
-    auto *linkState = new QLabel(m_terminal->stateText(), this);
-    linkState->setObjectName(QStringLiteral("linkState"));
-    statusBar()->addPermanentWidget(linkState);
-    connect(m_terminal, &TerminalPage::stateChanged, linkState, &QLabel::setText);
+    m_linkState = new QLabel(tr("not connected"), this);
+    m_linkState->setObjectName(QStringLiteral("linkState"));
+    statusBar()->addPermanentWidget(m_linkState);
     connect(m_options, &NvrOptions::comPortNumberChanged, this, &MainWindow::updatePortStatus);
     connect(m_options, &NvrOptions::comPort2NumberChanged, this, &MainWindow::updatePortStatus);
     updatePortStatus();
@@ -159,6 +161,11 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     resize(900, 600);
     restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry")).toByteArray());
     showPage(settings.value(QStringLiteral("mainwindow/page"), 0).toInt());
+    // A window that is not shown still connects at start.
+    QTimer::singleShot(0, this, [this] {
+        if (!isVisible())
+            terminal();
+    });
 }
 
 MainWindow::~MainWindow() = default;
@@ -215,6 +222,28 @@ void MainWindow::makePage(int index)
     delete placeholder;
     if (auto *editor = qobject_cast<TableEditWidget *>(page))
         editor->readSettings();
+}
+
+TerminalPage *MainWindow::terminal()
+{
+    makePage(m_terminalIndex);
+    return m_terminal;
+}
+
+TerminalPage *MainWindow::createTerminalPage()
+{
+    m_terminal = new TerminalPage(m_options, m_pages);
+    m_linkState->setText(m_terminal->stateText());
+    connect(m_terminal, &TerminalPage::stateChanged, m_linkState, &QLabel::setText);
+    // From now on the Link menu holds the page's own actions, which know when they apply.
+    const QList<QAction *> standIns = m_linkMenu->actions();
+    for (QAction *action : standIns) {
+        // Later: this may run from the stand-in's own trigger.
+        m_linkMenu->removeAction(action);
+        action->deleteLater();
+    }
+    m_linkMenu->addActions({m_terminal->connectAction(), m_terminal->disconnectAction()});
+    return m_terminal;
 }
 
 void MainWindow::addSection(const QString &title)
@@ -288,8 +317,13 @@ void MainWindow::createMenus()
     options->setObjectName(QStringLiteral("actionOptions"));
     options->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Comma));
 
-    QMenu *link = menuBar()->addMenu(tr("&Link"));
-    link->addActions({m_terminal->connectAction(), m_terminal->disconnectAction()});
+    // Until the terminal page is built, these stand in for its actions and build it.
+    m_linkMenu = menuBar()->addMenu(tr("&Link"));
+    QAction *connectPort = m_linkMenu->addAction(tr("&Connect"), this, [this] { terminal()->connectPort(); });
+    connectPort->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C));
+    QAction *disconnectPort = m_linkMenu->addAction(tr("&Disconnect"));
+    disconnectPort->setShortcut(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_D));
+    disconnectPort->setEnabled(false);
 
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Nevra"), this, &MainWindow::about);
@@ -319,6 +353,7 @@ bool MainWindow::event(QEvent *event)
     if (event->type() == QEvent::Paint && !m_painted) {
         m_painted = true;
         LOG_INFO(QStringLiteral("Window shown"));
+        QTimer::singleShot(0, this, &MainWindow::terminal);
     }
     return QMainWindow::event(event);
 }

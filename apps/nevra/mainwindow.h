@@ -12,6 +12,7 @@
 class CsvTextQuestion;
 class NvrOptions;
 class QLabel;
+class QMenu;
 class QListWidget;
 class QStackedWidget;
 class TerminalPage;
@@ -53,6 +54,8 @@ public:
     /// Adds a heading to the list; it cannot be chosen.
     void addSection(const QString &title);
     void showPage(int index);
+    /// The terminal page, built now if it was not yet.
+    TerminalPage *terminal();
 
 protected:
     bool event(QEvent *event) override;
@@ -65,6 +68,7 @@ private:
     int rowOfPage(int index) const;
     /// Builds the page at index if it still is a placeholder.
     void makePage(int index);
+    TerminalPage *createTerminalPage();
     void updatePortStatus();
     void editOptions();
     void about();
@@ -79,6 +83,9 @@ private:
     /// Asks before a CSV library is saved with text its file cannot keep.
     std::unique_ptr<CsvTextQuestion> m_csvTextQuestion;
     TerminalPage *m_terminal = nullptr;
+    int m_terminalIndex = -1;
+    QLabel *m_linkState = nullptr;
+    QMenu *m_linkMenu = nullptr;
     bool m_painted = false;
 };
 

@@ -158,7 +158,7 @@ private Q_SLOTS:
         MessageBoxRecorder boxes;
         auto window = std::make_unique<MainWindow>(&options);
         window->show();
-        auto *page = window->findChild<TerminalPage *>();
+        TerminalPage *page = window->terminal();
         QLabel *onPage = child<QLabel>(page, "terminalState");
         QLabel *statusLine = child<QLabel>(window.get(), "linkState");
         const auto states = [&] { return onPage->text() + QLatin1Char('|') + statusLine->text(); };
