@@ -295,11 +295,12 @@ void MainWindow::createMenus()
         // Every library page, whatever kind of editor it is, has the same tools.
         QWidget *page = m_pages->currentWidget();
         auto *tools = page ? page->findChild<LibraryTools *>(QString(), Qt::FindDirectChildrenOnly) : nullptr;
-        if (tools) {
-            const QList<QAction *> actions = tools->editActions();
-            edit->addActions(actions.mid(0, 9));
-            edit->addSeparator();
-            edit->addActions(actions.mid(9));
+        const QList<QAction *> actions = tools ? tools->editActions() : QList<QAction *>();
+        for (QAction *action : actions) {
+            // Import and Export, which work on files, apart from the rest.
+            if (action->objectName() == QLatin1String("importAction"))
+                edit->addSeparator();
+            edit->addAction(action);
         }
         edit->setEnabled(tools != nullptr);
     };
