@@ -310,8 +310,6 @@ bool LibraryTools::isUserRecord(int row) const
 
 bool LibraryTools::canPaste() const
 {
-    if (m_canPaste)
-        return m_canPaste();
     return m_view && (m_view->editTriggers() != QAbstractItemView::NoEditTriggers || m_makeForm);
 }
 

@@ -78,8 +78,6 @@ public:
 
     /// Whether a row is the user's own (only those are deleted); by default when its second column is editable.
     void setUserRecordTest(const std::function<bool(int row)> &test) { m_isUserRecord = test; }
-    /// Whether records can be pasted; by default where the view edits in place or a record form is set.
-    void setPasteTest(const std::function<bool()> &test) { m_canPaste = test; }
     /// Pasted records are checked by the library's form as well, as if typed into it.
     void setRecordForm(const std::function<KvBaseFormDialog *(QWidget *parent)> &make) { m_makeForm = make; }
     /// Called before an import, which saves the library at once; false stops the import.
@@ -99,6 +97,7 @@ public:
     /// The title of a column of the target model, for step names and messages.
     QString columnTitle(int column) const;
     bool isUserRecord(int row) const;
+    /// Records can be pasted where the view edits in place or a record form is set.
     bool canPaste() const;
     /// Why the record in row would not be accepted as typed; empty when it would be.
     QString refusal(int row) const;
@@ -155,7 +154,6 @@ private:
     QList<QMetaObject::Connection> m_viewConnections;
     QVariantList m_editedBefore;
     std::function<bool(int)> m_isUserRecord;
-    std::function<bool()> m_canPaste;
     std::function<KvBaseFormDialog *(QWidget *)> m_makeForm;
     std::function<bool()> m_importGuard;
     std::function<void()> m_delete;
