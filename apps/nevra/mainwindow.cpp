@@ -51,6 +51,8 @@
 namespace {
 // List rows of pages carry the page's index in the stack; headings carry none.
 constexpr int pageIndexRole = Qt::UserRole;
+// The terminal page is built after the first paint, and at the latest this long after start.
+constexpr int terminalLatestMs = 500;
 
 QString portText(int number)
 {
@@ -161,11 +163,12 @@ MainWindow::MainWindow(NvrOptions *options, QWidget *parent)
     resize(900, 600);
     restoreGeometry(settings.value(QStringLiteral("mainwindow/geometry")).toByteArray());
     showPage(settings.value(QStringLiteral("mainwindow/page"), 0).toInt());
-    // A window that is not shown still connects at start.
+    // A window that is not shown, or not painted (started minimised), still connects at start.
     QTimer::singleShot(0, this, [this] {
         if (!isVisible())
             terminal();
     });
+    QTimer::singleShot(terminalLatestMs, this, &MainWindow::terminal);
 }
 
 MainWindow::~MainWindow() = default;

@@ -183,6 +183,9 @@ void TerminalPage::connectPort()
 
 void TerminalPage::connectAtStart()
 {
+    // The user may have been quicker, through the Link menu.
+    if (isConnected())
+        return;
     connectPort();
     if (!isConnected()) {
         HostMessage::inform(this, tr("Connect"),

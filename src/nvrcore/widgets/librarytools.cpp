@@ -239,6 +239,11 @@ void LibraryTools::setView(KvTableView *view)
     updateCount();
 }
 
+KvTableView *LibraryTools::view() const
+{
+    return m_view;
+}
+
 QAbstractItemModel *LibraryTools::targetModel() const
 {
     if (!m_view)
@@ -459,7 +464,7 @@ void LibraryTools::removeSelectedRecords()
     rows.erase(std::remove_if(rows.begin(), rows.end(), [this](int row) { return !isUserRecord(row); }), rows.end());
     if (rows.isEmpty())
         return;
-    if (rows.size() > 1 || chosen > 1) {
+    if (rows.size() > 1 || chosen > 1 || m_askBeforeEveryDelete) {
         const QString library = m_libraryName.isEmpty() ? tr("the library") : m_libraryName;
         QString text = rows.size() == 1 ? tr("Delete 1 record from %1?").arg(library)
                                         : tr("Delete %1 records from %2?").arg(rows.size()).arg(library);

@@ -7,6 +7,7 @@
 
 #include <QModelIndex>
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 
@@ -53,7 +54,7 @@ public:
     ~LibraryTools() override;
 
     void setView(KvTableView *view);
-    KvTableView *view() const { return m_view; }
+    KvTableView *view() const;
     /// The model rows are added to: the view's model, or the source model behind a proxy.
     QAbstractItemModel *targetModel() const;
 
@@ -84,6 +85,8 @@ public:
     void setImportGuard(const std::function<bool()> &guard) { m_importGuard = guard; }
     /// What the Delete key does; by default removeSelectedRecords().
     void setDeleteHandler(const std::function<void()> &handler) { m_delete = handler; }
+    /// Libraries whose deletions are written at once ask before deleting even one record.
+    void setAskBeforeEveryDelete(bool ask) { m_askBeforeEveryDelete = ask; }
     /// Libraries that save every change at once keep their undo steps across those saves.
     void setHistoryKeptOnSave(bool kept) { m_historyKeptOnSave = kept; }
     bool historyKeptOnSave() const { return m_historyKeptOnSave; }
@@ -137,7 +140,7 @@ private:
     QString formRefusal(const QModelIndex &index) const;
 
     QWidget *m_editor;
-    KvTableView *m_view = nullptr;
+    QPointer<KvTableView> m_view;
     QString m_libraryName;
     QUndoStack *m_undoStack = nullptr;
     RecordHistory *m_history = nullptr;
@@ -158,6 +161,7 @@ private:
     std::function<bool()> m_importGuard;
     std::function<void()> m_delete;
     bool m_historyKeptOnSave = false;
+    bool m_askBeforeEveryDelete = false;
     bool m_stepApplied = false;
 };
 

@@ -51,6 +51,7 @@ void ProductConfigsWidget::createTools(int viewId)
     m_tools->setView(m_viewWidget->tableView());
     // Every change is saved at once here, so those saves keep the undo steps.
     m_tools->setHistoryKeptOnSave(true);
+    m_tools->setAskBeforeEveryDelete(true);
     m_tools->setRecordForm([](QWidget *parent) { return new ProductFormDialog(parent); });
     m_tools->saveAction()->setVisible(false);
 
@@ -69,11 +70,14 @@ void ProductConfigsWidget::createTools(int viewId)
     }
     bar->addWidget(m_tools->countLabel());
 
-    // Deleting through the tools makes it a step that can be undone; it is saved like any deletion.
+    // Deleting through the tools makes it a step that can be undone; it is asked and saved like any deletion.
     disconnect(m_viewWidget, &KvAbstractViewWidget::deleteRecordsRequested, this, nullptr);
     connect(m_viewWidget, &KvAbstractViewWidget::deleteRecordsRequested, m_tools,
             &LibraryTools::removeSelectedRecords);
-    connect(m_tools, &LibraryTools::recordsRemoved, this, [this, viewId] { afterDeleteRecords(viewId); });
+    connect(m_tools, &LibraryTools::recordsRemoved, this, [this, viewId] {
+        ProductsModel::instance()->submit();
+        afterDeleteRecords(viewId);
+    });
     connect(m_tools, &LibraryTools::recordsPasted, this, &ProductConfigsWidget::saveProducts);
     connect(m_tools, &LibraryTools::stepApplied, this, &ProductConfigsWidget::saveProducts);
     const auto trigger = [](QAction *action) {

@@ -372,6 +372,12 @@ private Q_SLOTS:
         refocus();
         QTest::keyClick(view, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(productRows().size(), 4);
+        // Even one configuration goes only after a question: the file is written at once.
+        boxes.queueAnswers({QMessageBox::No});
+        TestUi::clickCell(view, viewRow(view, QStringLiteral("P5"), QStringLiteral("A")));
+        QTest::keyClick(view, Qt::Key_Delete);
+        QVERIFY(boxes.last().text.contains(QLatin1String("Delete 1 record from Product configurations")));
+        QCOMPARE(productRows().size(), 4);
         editor.reset();
         QCOMPARE(fileRows(), QStringList({"P1 A C 1", "P1 D F 2", "P2 A Z 1", "P5 A B 1"}));
     }
