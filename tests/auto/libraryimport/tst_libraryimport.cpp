@@ -11,6 +11,7 @@
 #include "models/rtstablemodel.h"
 #include "shippedlibraries.h"
 #include "testappdir.h"
+#include "toolrun.h"
 #include "widgets/legendsconverttableeditwidget.h"
 #include "widgets/musicsystemstableeditwidget.h"
 #include "widgets/rtstableeditwidget.h"
@@ -29,24 +30,10 @@
 
 namespace {
 
-struct Result
+ToolRun runTool(const QStringList &arguments)
 {
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-Result runTool(const QStringList &arguments)
-{
-    QProcess tool;
-    tool.start(QStringLiteral(NVRTOOL_BINARY), arguments + QStringList{"--data", TestAppDir::filePath("nevradat")});
-    Result result;
-    if (!tool.waitForFinished(60000) || tool.exitStatus() != QProcess::NormalExit)
-        return result;
-    result.exitCode = tool.exitCode();
-    result.out = tool.readAllStandardOutput();
-    result.err = tool.readAllStandardError();
-    return result;
+    return ToolRun::run(QStringLiteral(NVRTOOL_BINARY),
+                        arguments + QStringList{"--data", TestAppDir::filePath("nevradat")});
 }
 
 QByteArray contents(const QString &fileName)
@@ -146,7 +133,7 @@ private Q_SLOTS:
         QFETCH(QString, file);
         QFETCH(QString, summary);
         QFETCH(QStringList, added);
-        Result result = runTool({"lib", "import", library, other(file)});
+        ToolRun result = runTool({"lib", "import", library, other(file)});
         QVERIFY2(result.exitCode == 0 && result.err.isEmpty(), result.err);
         QCOMPARE(result.out, (library + ": " + summary + '\n').toUtf8());
 
@@ -216,7 +203,7 @@ private Q_SLOTS:
         QFETCH(QByteArray, needle);
         const QByteArray before = contents(TestAppDir::filePath("nevradat/musicsystems.csv"));
         const QByteArray radiosBefore = contents(TestAppDir::filePath("nevradat/radiosuser.dat"));
-        const Result result = runTool(arguments);
+        const ToolRun result = runTool(arguments);
         QCOMPARE(result.exitCode, exitCode);
         QVERIFY2(result.err.contains(needle) && result.err.count('\n') == 1, result.err);
         QVERIFY(result.out.isEmpty());
@@ -229,7 +216,7 @@ private Q_SLOTS:
         DataFolderLock lock(TestAppDir::filePath("nevradat"));
         QVERIFY(lock.tryLock());
         const QByteArray before = contents(TestAppDir::filePath("nevradat/musicsystems.csv"));
-        const Result result = runTool({"lib", "import", "musicsystems", other("musicsystems.csv")});
+        const ToolRun result = runTool({"lib", "import", "musicsystems", other("musicsystems.csv")});
         QCOMPARE(result.exitCode, 1);
         QVERIFY2(result.err.contains(QByteArray::number(QCoreApplication::applicationPid())), result.err);
         QCOMPARE(contents(TestAppDir::filePath("nevradat/musicsystems.csv")), before);

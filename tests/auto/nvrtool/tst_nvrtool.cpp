@@ -5,6 +5,7 @@
 #include "kvcrc.h"
 #include "testappdir.h"
 #include "testfiles.h"
+#include "toolrun.h"
 #include "wav.h"
 
 #include <QDir>
@@ -17,41 +18,19 @@
 #include <QTemporaryDir>
 #include <QTest>
 
-namespace {
-struct Result
-{
-    int exitCode = -1;
-    QByteArray out;
-    QByteArray err;
-};
-
-}
-
 class tst_NvrTool : public QObject
 {
     Q_OBJECT
 
     /// Runs the tool; "@" in an argument stands for the fixture folder, "@data" for its data folder.
-    Result run(QStringList arguments, const QByteArray &input = QByteArray()) const
+    ToolRun run(QStringList arguments, const QByteArray &input = QByteArray()) const
     {
         arguments.replaceInStrings("@data", m_dir.filePath("nevradat")).replaceInStrings("@", m_dir.path() + '/');
-        QProcess tool;
-        tool.start(QStringLiteral(NVRTOOL_BINARY), arguments);
-        Result result;
-        if (!tool.waitForStarted(30000))
-            return result;
-        tool.write(input);
-        tool.closeWriteChannel();
-        if (!tool.waitForFinished(60000) || tool.exitStatus() != QProcess::NormalExit)
-            return result;
-        result.exitCode = tool.exitCode();
-        result.out = tool.readAllStandardOutput();
-        result.err = tool.readAllStandardError();
-        return result;
+        return ToolRun::run(QStringLiteral(NVRTOOL_BINARY), arguments, input);
     }
     QByteArray output(const QStringList &arguments, const QByteArray &input = QByteArray()) const
     {
-        const Result result = run(arguments, input);
+        const ToolRun result = run(arguments, input);
         return result.exitCode == 0 && result.err.isEmpty() ? result.out : "failed: " + result.err;
     }
     QString path(const QString &name) const { return m_dir.filePath(name); }
@@ -166,7 +145,7 @@ private Q_SLOTS:
         QFETCH(int, exitCode);
         QFETCH(QByteArray, needle);
         // A failure or usage error says what failed in one line, and prints and writes no result.
-        const Result result = run(arguments, input);
+        const ToolRun result = run(arguments, input);
         QCOMPARE(result.exitCode, exitCode);
         QVERIFY2(result.err.startsWith("nvrtool: ") && result.err.count('\n') == 1, result.err);
         QVERIFY2(result.err.contains(needle), result.err);
@@ -235,7 +214,7 @@ private Q_SLOTS:
         QVERIFY(TestFiles::write(raw, damaged));
         const auto crcText = [](quint32 crc) { return "0x" + QByteArray::number(crc, 16).toUpper().rightJustified(8, '0'); };
         for (const char *form : {"--html", "--"}) {
-            const Result result = run({"header", "decode", form, raw});
+            const ToolRun result = run({"header", "decode", form, raw});
             QCOMPARE(result.exitCode, 1);
             QCOMPARE(result.err, "nvrtool: header CRC mismatch in " + raw.toUtf8() + ": stored " + crcText(header.headerCrc)
                                      + ", calculated " + crcText(KvCrc::crc32(damaged, 28)) + "\n");
@@ -277,7 +256,7 @@ private Q_SLOTS:
         QVERIFY(device != plain);
 
         // Without SoX the file is taken as it is, with a word on what the product would not play.
-        Result result = run({"wav", "import", "@tone.wav", "--no-sox", "-o", "@copy.wav", "--data", "@data"});
+        ToolRun result = run({"wav", "import", "@tone.wav", "--no-sox", "-o", "@copy.wav", "--data", "@data"});
         QCOMPARE(result.exitCode, 0);
         QCOMPARE(TestFiles::read(path("copy.kv37.wav")), TestFiles::read(path("tone.wav")));
         QVERIFY2(result.err.startsWith("nvrtool: warning: ") && result.err.endsWith(": 2 channels, 44100 Hz\n"),
